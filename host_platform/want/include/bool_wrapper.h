@@ -1,0 +1,7 @@
+// The bool box; see base_obj.h.
+#ifndef TAVI_WANT_BOOL_WRAPPER_H
+#define TAVI_WANT_BOOL_WRAPPER_H
+
+#include "base_obj.h"
+
+#endif  // TAVI_WANT_BOOL_WRAPPER_H

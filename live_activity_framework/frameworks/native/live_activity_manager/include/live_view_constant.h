@@ -27,8 +27,10 @@ public:
     inline static const std::string PRIMARY_DATA_TITLE = "PrimaryData.title";
     inline static const std::string PRIMARY_DATA_CONTENT = "PrimaryData.content";
     inline static const std::string PRIMARY_DATA_IMMERSIVEPIC_RES = "PrimaryData.immersivePic.res";
-    inline static const std::string PRIMARY_DATA_IMMERSIVEPIC_ABILITY_NAME = "PrimaryData.immersiveAbilityName";
-    inline static const std::string PRIMARY_DATA_IMMERSIVEPIC_PARAMETERS = "PrimaryData.immersiveParameters";
+    inline static const std::string PRIMARY_DATA_IMMERSIVEPIC_ABILITY_NAME =
+        "PrimaryData.immersiveAbilityName";
+    inline static const std::string PRIMARY_DATA_IMMERSIVEPIC_PARAMETERS =
+        "PrimaryData.immersiveParameters";
     inline static const std::string EXTEND_DATA_TEXT = "ExtendData.text";
     inline static const std::string EXTEND_DATA_TYPE = "ExtendData.type";
     inline static const std::string EXTEND_DATA_PIC_RES = "ExtendData.pic.res";
@@ -36,9 +38,11 @@ public:
     inline static const std::string LAYOUT_DATA_LAYOUT_TYPE = "LayoutData.layoutType";
     inline static const std::string PROGRESS_LAYOUT_PROGERESS = "ProgressLayout.progress";
     inline static const std::string PROGRESS_LAYOUT_COLOR = "ProgressLayout.color";
-    inline static const std::string PROGRESS_LAYOUT_BACKGROUND_COLOR = "ProgressLayout.backgroundColor";
+    inline static const std::string PROGRESS_LAYOUT_BACKGROUND_COLOR =
+        "ProgressLayout.backgroundColor";
     inline static const std::string PROGRESS_LAYOUT_INDICATOR_TYPE = "ProgressLayout.indicatorType";
-    inline static const std::string PROGRESS_LAYOUT_INDICATOR_ICON_RES = "ProgressLayout.indicatorIcon.res";
+    inline static const std::string PROGRESS_LAYOUT_INDICATOR_ICON_RES =
+        "ProgressLayout.indicatorIcon.res";
     inline static const std::string PROGRESS_LAYOUT_INDICATOR_ICON = "ProgressLayout.indicatorIcon";
     inline static const std::string PROGRESS_LAYOUT_LINE_TYPE = "ProgressLayout.lineType";
     inline static const std::string PROGRESS_LAYOUT_NODE_ICONS_RES = "ProgressLayout.nodeIcons.res";
@@ -54,7 +58,8 @@ public:
     inline static const std::string FLIGHT_LAYOUT_LAST_CONTENT = "FlightLayout.lastContent";
     inline static const std::string FLIGHT_LAYOUT_SPACE_ICON_RES = "FlightLayout.spaceIcon.res";
     inline static const std::string FLIGHT_LAYOUT_SPACE_ICON = "FlightLayout.spaceIcon";
-    inline static const std::string FLIGHT_LAYOUT_IS_DISPLAY_HORIZONTAL_LINE = "FlightLayout.isDisplayHorizontalLine";
+    inline static const std::string FLIGHT_LAYOUT_IS_DISPLAY_HORIZONTAL_LINE =
+        "FlightLayout.isDisplayHorizontalLine";
     inline static const std::string FLIGHT_LAYOUT_ADDITIONAL_TEXT = "FlightLayout.additionalText";
     inline static const std::string SCORE_LAYOUT_HOST_NAME = "ScoreLayout.hostName";
     inline static const std::string SCORE_LAYOUT_HOST_ICON_RES = "ScoreLayout.hostIcon.res";
@@ -66,7 +71,8 @@ public:
     inline static const std::string SCORE_LAYOUT_GUEST_SCORE = "ScoreLayout.guestScore";
     inline static const std::string SCORE_LAYOUT_COMPETITION_DESC = "ScoreLayout.competitionDesc";
     inline static const std::string SCORE_LAYOUT_COMPETITION_TIME = "ScoreLayout.competitionTime";
-    inline static const std::string SCORE_LAYOUT_IS_DISPLAY_HORIZONTAL_LINE = "ScoreLayout.isDisplayHorizontalLine";
+    inline static const std::string SCORE_LAYOUT_IS_DISPLAY_HORIZONTAL_LINE =
+        "ScoreLayout.isDisplayHorizontalLine";
     inline static const std::string CAPSULE_DATA_STATUS = "CapsuleData.status";
     inline static const std::string CAPSULE_DATA_TYPE = "CapsuleData.type";
     inline static const std::string CAPSULE_DATA_ICON_RES = "CapsuleData.icon.res";
@@ -81,13 +87,17 @@ public:
     inline static const std::string TIMER_CAPSULE_IS_UPDATE_TIMER = "TimerCapsule.isUpdateTimer";
     inline static const std::string PROGRESS_CAPSULE_MAX = "ProgressCapsule.max";
     inline static const std::string PROGRESS_CAPSULE_PROGRESS = "ProgressCapsule.progress";
-    inline static const std::string PROGRESS_CAPSULE_INDETERMINATE = "ProgressCapsule.indeterminate";
+    inline static const std::string PROGRESS_CAPSULE_INDETERMINATE =
+        "ProgressCapsule.indeterminate";
     inline static const std::string EXTERNAL_DATA_TITLE = "ExternalData.title";
     inline static const std::string EXTERNAL_DATA_CONTENT = "ExternalData.content";
     inline static const std::string EXTERNAL_DATA_BACKGROUND_COLOR = "ExternalData.backgroundColor";
-    inline static const std::string NAVIGATION_LAYOUT_CURRENT_ICON_RES = "NavigationLayout.currentNavigationIcon.res";
-    inline static const std::string NAVIGATION_LAYOUT_CURRENT_ICON = "NavigationLayout.currentNavigationIcon";
-    inline static const std::string NAVIGATION_LAYOUT_ICONS_RES = "NavigationLayout.navigationIcons.res";
+    inline static const std::string NAVIGATION_LAYOUT_CURRENT_ICON_RES =
+        "NavigationLayout.currentNavigationIcon.res";
+    inline static const std::string NAVIGATION_LAYOUT_CURRENT_ICON =
+        "NavigationLayout.currentNavigationIcon";
+    inline static const std::string NAVIGATION_LAYOUT_ICONS_RES =
+        "NavigationLayout.navigationIcons.res";
     inline static const std::string NAVIGATION_LAYOUT_ICONS = "NavigationLayout.navigationIcons";
 };
 

@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Sets up a fresh machine, builds everything and runs every test.
+#   scripts/test.sh            the normal build (g++), all tests
+#   scripts/test.sh asan       AddressSanitizer + UndefinedBehaviorSanitizer build (clang), all tests
+#   scripts/test.sh tsan       ThreadSanitizer build (clang), the concurrency tests
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+mode="${1:-default}"
+scripts/setup.sh
+
+jobs=2
+case "$mode" in
+    default)
+        cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+        cmake --build build -j"$jobs"
+        ctest --test-dir build --output-on-failure -j"$jobs"
+        ;;
+    asan)
+        cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_COMPILER=clang \
+            -DCMAKE_CXX_COMPILER=clang++ -DLV_SANITIZE=address,undefined
+        cmake --build build-asan -j"$jobs"
+        ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 \
+            ctest --test-dir build-asan --output-on-failure -j"$jobs"
+        ;;
+    tsan)
+        cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_COMPILER=clang \
+            -DCMAKE_CXX_COMPILER=clang++ -DLV_SANITIZE=thread
+        cmake --build build-tsan -j"$jobs"
+        TSAN_OPTIONS=halt_on_error=1 ctest --test-dir build-tsan --output-on-failure -j"$jobs" -L concurrency
+        ;;
+    *)
+        echo "usage: scripts/test.sh [default|asan|tsan]" >&2
+        exit 2
+        ;;
+esac

@@ -40,8 +40,9 @@ std::unique_ptr<PixelMap> PixelMap::Create(const InitializationOptions& options)
     const int64_t bytes = BytesPerPixel(options.pixelFormat);
     const int64_t width = options.size.width;
     const int64_t height = options.size.height;
+    // width * height fits in 64 bits; multiplying by bytes as well might not.
     if (bytes == 0 || width <= 0 || height <= 0 ||
-        width * height * bytes > std::numeric_limits<int32_t>::max()) {
+        width * height > std::numeric_limits<int32_t>::max() / bytes) {
         return nullptr;
     }
     return std::unique_ptr<PixelMap>(

@@ -79,7 +79,9 @@ void MergeInto(NotificationRequest& stored, const NotificationRequest& update)
 bool IsExpired(const NotificationRequest& request, bool ended, int64_t endedAt, int64_t now)
 {
     const int64_t keepSeconds = request.GetAutoDeletedTime();
-    return ended && keepSeconds >= 0 && now >= endedAt + keepSeconds * MILLIS_PER_SECOND;
+    const int64_t elapsed = now - endedAt;
+    // Compared in whole seconds: keepSeconds * 1000 may not fit in 64 bits.
+    return ended && keepSeconds >= 0 && elapsed >= 0 && elapsed / MILLIS_PER_SECOND >= keepSeconds;
 }
 }  // namespace
 

@@ -1,0 +1,244 @@
+#include "scenario_runner.h"
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "error_code.h"
+#include "host_records.h"
+#include "json_tree.h"
+#include "live_view_client.h"
+#include "live_view_error_conversion.h"
+#include "request_json.h"
+
+namespace LiveViewCli {
+
+using namespace Tavi::Wisp::LiveView;
+
+namespace {
+
+struct Outcome {
+    int32_t code = 0;
+    std::string message;
+    std::vector<std::string> details;  // printed under the step's line
+    bool showHeld = false;
+    int32_t heldId = 0;
+};
+
+std::string PublicMessage(int32_t code) {
+    if (code == SUCCESS) {
+        return "success.";
+    }
+    const auto it = ErrorMessage::ERROR_MAP.find(static_cast<ErrorCode>(code));
+    return it == ErrorMessage::ERROR_MAP.end() ? "unknown code." : it->second;
+}
+
+std::string IdText(const LiveView& liveView) {
+    const auto id = liveView.GetId();
+    return id == nullptr ? "none" : std::to_string(*id);
+}
+
+std::string Indent(const std::string& text, const std::string& prefix) {
+    std::istringstream lines(text);
+    std::string out;
+    std::string line;
+    while (std::getline(lines, line)) {
+        out += prefix + line + "\n";
+    }
+    return out;
+}
+
+const char* CallName(Tavi::Host::ServiceCall call) {
+    switch (call) {
+        case Tavi::Host::ServiceCall::PUBLISH:
+            return "publish";
+        case Tavi::Host::ServiceCall::SUBSCRIBE:
+            return "subscribe";
+        case Tavi::Host::ServiceCall::GET_ACTIVE:
+            return "getActive";
+        case Tavi::Host::ServiceCall::GET_ENABLED:
+            return "getEnabled";
+    }
+    return "?";
+}
+
+// What the step's line says after its name.
+std::string Arguments(const Step& step) {
+    switch (step.kind) {
+        case StepKind::START:
+        case StepKind::UPDATE:
+        case StepKind::STOP:
+            return " id " + IdText(*step.liveView) + " (" + step.source + ")";
+        case StepKind::GET:
+            return " id " + std::to_string(step.id);
+        case StepKind::ENABLED:
+            return "";
+        case StepKind::ADVANCE_CLOCK:
+            return " " + std::to_string(step.number) + " ms";
+        case StepKind::PRESS_BUTTON:
+            return " id " + std::to_string(step.id) + " button " + step.button;
+        case StepKind::SET_SLOT_ENABLED:
+            return step.flag ? " true" : " false";
+        case StepKind::SET_RATE_LIMIT:
+            return " " + std::to_string(step.number);
+        case StepKind::FAIL_NEXT:
+            return std::string(" ") + CallName(step.call) + " error " +
+                   std::to_string(step.number) + " times " + std::to_string(step.times);
+    }
+    return "";
+}
+
+class Player {
+public:
+    Player(const Scenario& scenario, std::ostream& out) : scenario_(scenario), out_(out) {}
+
+    Outcome Run(const Step& step);
+    void PrintHeld(int32_t id) const;
+
+private:
+    Outcome Publish(const Step& step);
+    Outcome Get(const Step& step);
+    Outcome Enabled();
+    Outcome Control(const Step& step) const;
+
+    const Scenario& scenario_;
+    std::ostream& out_;
+    LiveViewClient client_;
+};
+
+Outcome Player::Run(const Step& step) {
+    switch (step.kind) {
+        case StepKind::START:
+        case StepKind::UPDATE:
+        case StepKind::STOP:
+            return Publish(step);
+        case StepKind::GET:
+            return Get(step);
+        case StepKind::ENABLED:
+            return Enabled();
+        default:
+            return Control(step);
+    }
+}
+
+Outcome Player::Publish(const Step& step) {
+    LiveView& liveView = *step.liveView;
+    LiveViewClient::LiveViewResult result;
+    const BaseRsp rsp = step.kind == StepKind::START    ? client_.StartLiveView(liveView, result)
+                        : step.kind == StepKind::UPDATE ? client_.UpdateLiveView(liveView, result)
+                                                        : client_.StopLiveView(liveView, result);
+    Outcome outcome{
+        rsp.GetErrAsInt32(), rsp.Succeed() ? result.message : rsp.GetInfo(), {}, false, 0};
+    if (step.kind != StepKind::START && result.code != 0) {
+        outcome.details.push_back("result: " + std::to_string(result.code) + " " + result.message);
+    }
+    if (const auto id = liveView.GetId()) {
+        outcome.showHeld = true;
+        outcome.heldId = *id;
+    }
+    return outcome;
+}
+
+Outcome Player::Get(const Step& step) {
+    LiveView readBack;
+    const int code = client_.GetActiveLiveView(step.id, readBack);
+    Outcome outcome{code, PublicMessage(code), {}, true, step.id};
+    if (code == SUCCESS) {
+        outcome.details.push_back("read back: event " + readBack.GetEvent() + ", layoutType " +
+                                  std::to_string(LiveView::GetLayoutType(readBack)) +
+                                  ", capsuleType " +
+                                  std::to_string(LiveView::GetCapsuleType(readBack)));
+    }
+    return outcome;
+}
+
+Outcome Player::Enabled() {
+    bool enabled = false;
+    const int code = client_.IsLiveViewEnabled(enabled);
+    Outcome outcome{code, PublicMessage(code), {}, false, 0};
+    if (code == SUCCESS) {
+        outcome.details.push_back(enabled ? "enabled: true" : "enabled: false");
+    }
+    return outcome;
+}
+
+Outcome Player::Control(const Step& step) const {
+    switch (step.kind) {
+        case StepKind::ADVANCE_CLOCK:
+            Tavi::Host::AdvanceClock(step.number);
+            break;
+        case StepKind::SET_SLOT_ENABLED:
+            Tavi::Host::SetLiveViewSlotEnabled(scenario_.bundle, scenario_.uid, step.flag);
+            break;
+        case StepKind::SET_RATE_LIMIT:
+            Tavi::Host::SetRateLimit(static_cast<int>(step.number));
+            break;
+        case StepKind::FAIL_NEXT:
+            Tavi::Host::FailNextCalls(step.call, static_cast<int32_t>(step.number), step.times);
+            break;
+        case StepKind::PRESS_BUTTON: {
+            const int32_t code = LiveViewErrorConversion::ReturnLiveViewError(
+                Tavi::Host::PressButton(scenario_.bundle, scenario_.uid, step.id, step.button));
+            return Outcome{code, PublicMessage(code), {}, false, 0};
+        }
+        default:
+            break;
+    }
+    return Outcome{SUCCESS, "done.", {}, false, 0};
+}
+
+void Player::PrintHeld(int32_t id) const {
+    for (const auto& held : Tavi::Host::HeldLiveViews()) {
+        if (held.app.bundleName == scenario_.bundle && held.app.uid == scenario_.uid &&
+            held.id == id) {
+            out_ << "   held: id " << id << (held.ended ? ", ended" : ", active") << '\n';
+            const JsonTree tree = MakeTree(RequestToJson(*held.request));
+            out_ << Indent(PrintTree(tree.get()), "   ");
+            return;
+        }
+    }
+    out_ << "   held: none under id " << id << '\n';
+}
+
+}  // namespace
+
+bool PlayScenario(const Scenario& scenario, const PlayOptions& options, std::ostream& out) {
+    Tavi::Host::ResetAll();
+    Tavi::Host::SetAllModes(Tavi::Host::SinkMode::CAPTURE);
+    Tavi::Host::SetCallingApp(scenario.bundle, scenario.uid);
+    Tavi::Host::SetClockMillis(PLAY_CLOCK_START_MILLIS);
+
+    Player player(scenario, out);
+    bool asExpected = true;
+    int number = 0;
+    for (const Step& step : scenario.steps) {
+        ++number;
+        const Outcome outcome = player.Run(step);
+        asExpected = outcome.code == step.expect;
+        out << '#' << number << ' ' << step.name << Arguments(step) << ": " << outcome.code << ' '
+            << outcome.message << (asExpected && step.expect != 0 ? " (expected)" : "") << '\n';
+        if (!step.note.empty()) {
+            out << "   note: " << step.note << '\n';
+        }
+        for (const auto& detail : outcome.details) {
+            out << "   " << detail << '\n';
+        }
+        FlushHostRecords(out, options.events, options.logLines);
+        if (outcome.showHeld) {
+            player.PrintHeld(outcome.heldId);
+        }
+        if (!asExpected) {
+            out << "play: step #" << number << " answered " << outcome.code << ", expected "
+                << step.expect << '\n';
+            break;
+        }
+    }
+    if (asExpected) {
+        out << "play: " << number << " steps, every answer as expected\n";
+    }
+    Tavi::Host::ResetAll();
+    Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
+    return asExpected;
+}
+
+}  // namespace LiveViewCli

@@ -1,0 +1,60 @@
+// The one reader of picture fields. A picture is given as one of
+//   "res://icon"                                  a resource string: the field's ...Str form;
+//   {"file": "icon.png"}                          a PNG relative to the input's folder: the
+//                                                 pixel-map form;
+//   {"width": 48, "height": 48, "format": "..."}  a blank pixel map: the pixel-map form (format
+//                                                 ALPHA_8, RGB_565, RGBA_8888 (the default),
+//                                                 ARGB_8888 or BGRA_8888).
+// A picture list is an array of such items: strings go to the ...Str list, the others to the
+// pixel-map list, each in its order.
+//
+// A value of another type is recorded as a param-failed text; a picture file that cannot be
+// decoded makes the input unusable (ReadContext::Refuse).
+//
+// Thread safety: as FieldReader.
+#ifndef LIVEVIEW_JSON_PICTURE_READER_H
+#define LIVEVIEW_JSON_PICTURE_READER_H
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "field_reader.h"
+#include "pixel_map.h"
+
+namespace LiveViewJson {
+
+struct Picture {
+    std::shared_ptr<std::string> resource;
+    std::shared_ptr<Tavi::Media::PixelMap> pixels;
+};
+
+// One picture value found at path; both members empty when value is absent or unusable.
+Picture ReadPictureValue(const FieldReader& reader, const cJSON* value, const std::string& path);
+
+// The picture member name.
+Picture ReadPictureMember(const FieldReader& reader, const char* name);
+
+// The picture list member name.
+void ReadPictureList(const FieldReader& reader, const char* name,
+                     std::vector<std::string>& resources,
+                     std::vector<std::shared_ptr<Tavi::Media::PixelMap>>& pixels);
+
+// Reads the picture member name into the record's pair of setters; a form not given is left
+// unset.
+template <typename Record, typename Base>
+void ReadPicture(const FieldReader& reader, const char* name, Record& record,
+                 void (Base::*setResource)(const std::shared_ptr<std::string>&),
+                 void (Base::*setPixels)(const std::shared_ptr<Tavi::Media::PixelMap>&)) {
+    const Picture picture = ReadPictureMember(reader, name);
+    if (picture.resource != nullptr) {
+        (record.*setResource)(picture.resource);
+    }
+    if (picture.pixels != nullptr) {
+        (record.*setPixels)(picture.pixels);
+    }
+}
+
+}  // namespace LiveViewJson
+
+#endif  // LIVEVIEW_JSON_PICTURE_READER_H

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "live_view_error_conversion.h"
+#include "live_view_logger.h"
 #include "live_view_manager.h"
 #include "live_view_subscriber.h"
 #include "log_capture.h"

@@ -1,0 +1,1015 @@
+#include "live_view_param_validate.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "common_utils.h"
+#include "error_code.h"
+#include "flight_layout.h"
+#include "live_view_logger.h"
+#include "navigation_layout.h"
+#include "pickup_layout.h"
+#include "pixel_map.h"
+#include "progress_capsule.h"
+#include "progress_layout.h"
+#include "rich_text.h"
+#include "score_layout.h"
+#include "text_capsule.h"
+#include "timer_capsule.h"
+#include "want_params.h"
+
+namespace Tavi {
+namespace Wisp {
+namespace LiveView {
+
+namespace {
+
+// The message of the rule that a value breaks, or nullptr when every rule holds.
+using Failure = const char*;
+
+// What a field rule reports: the value is malformed, or it is absent where it is required.
+struct FieldMessages {
+    const char* invalid;
+    const char* mandatory;
+};
+
+// What a picture rule reports; a picture is given as a resource string or as an image.
+struct PictureMessages {
+    const char* length;     // the image is too large
+    const char* type;       // the resource string is empty
+    const char* mandatory;  // neither is given where one is required
+};
+
+// What an icon list rule reports.
+struct IconListMessages {
+    const char* count;        // a list has too few or too many entries, or a bad image
+    const char* emptyString;  // a resource string of the list is empty
+};
+
+// Which form of a picture is tested first; the two orders decide which message wins when both
+// forms are bad.
+enum class PictureOrder { IMAGE_FIRST, STRING_FIRST };
+
+// Where the info line of a record that is not of its kind says it comes from.
+struct LogPlace {
+    const char* function;
+    unsigned int line;
+};
+
+// Lines named by the info log lines: fixed, so that the log does not change with this file.
+constexpr unsigned int LINE_EXTENSION_ABSENT = 240;
+constexpr unsigned int LINE_EXTERNAL_ABSENT = 280;
+constexpr unsigned int LINE_CAPSULE_ABSENT = 320;
+constexpr LogPlace CAPSULE_KIND_ABSENT{"CapsuleDataParamValidate", 350};
+constexpr LogPlace LAYOUT_KIND_ABSENT{"LayoutDataParamValidate", 420};
+
+constexpr size_t EVENT_MAX_LENGTH = 127;
+constexpr uint64_t TEXT_LIMIT = 128;
+constexpr uint64_t LONG_TEXT_LIMIT = 1024;
+constexpr uint64_t IMMERSIVE_PIC_LIMIT = 256;
+constexpr int32_t MAX_IMAGE_BYTES = 30720;
+constexpr int MAX_IMMERSIVE_PARAMETERS = 50;
+constexpr int MIN_KEEP_TIME = 0;
+constexpr int MAX_KEEP_TIME = 3600;
+constexpr size_t MIN_ICONS = 2;
+constexpr size_t MAX_NODE_ICONS = 5;
+constexpr size_t MAX_NAVIGATION_ICONS = 6;
+constexpr uint32_t PROGRESS_BOUND = 101;
+constexpr uint32_t EXTENSION_TYPE_BOUND = 5;
+constexpr uint32_t STYLE_TYPE_BOUND = 3;  // line and indicator types
+constexpr int CAPSULE_STATUS_CHECKED = 1;
+constexpr int CAPSULE_STATUS_ACCEPTED = -1;
+constexpr size_t ARGB_COLOR_LENGTH = 9;
+constexpr size_t RGB_COLOR_LENGTH = 7;
+constexpr int32_t COLOR_VALID = 0;
+
+constexpr const char* ID_MANDATORY =
+    "Parameter error. The type of liveView.id mustbe number [or the parameter is mandatory].";
+constexpr const char* EVENT_LENGTH =
+    "Parameter error. The type of liveView.event mustbe string [or the parameter length exceeds "
+    "the limit].";
+constexpr const char* SEQUENCE_RANGE =
+    "Parameter error. The type of liveView.sequence mustbe number [or the parameter range is "
+    "incorrect].";
+constexpr const char* LIVE_VIEW_DATA_MANDATORY =
+    "Parameter error. The type of liveView.liveViewData mustbe LiveViewData [or the parameter is "
+    "mandatory].";
+constexpr const char* TIMER_TIME_RANGE =
+    "Parameter error. The type of liveView.timer.time mustbe larger than or equal 0";
+
+constexpr const char* PRIMARY_MANDATORY =
+    "Parameter error. The type of liveViewData.primary mustbe PrimaryData [or the parameter is "
+    "mandatory].";
+constexpr FieldMessages PRIMARY_TITLE{
+    "Parameter error. The type of primary.title mustbe string [or the parameter length exceeds "
+    "the limit].",
+    "Parameter error. The type of primary.title mustbe string [or the parameter is mandatory]."};
+constexpr FieldMessages PRIMARY_CONTENT{
+    "Parameter error. The type of primary.content mustbe Array<RichText> [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of primary.content mustbe Array<RichText> [or the parameter is "
+    "mandatory]."};
+constexpr const char* PRIMARY_CLICK_ACTION_MANDATORY =
+    "Parameter error. The type of primary.clickAction mustbe WantAgent [or the parameter is "
+    "mandatory].";
+constexpr FieldMessages PRIMARY_IMMERSIVE_PIC{
+    "Parameter error. The type of primary.immersivePic mustbe string | image.PixelMap [or the "
+    "parameter length exceeds the limit].",
+    nullptr};
+constexpr FieldMessages PRIMARY_IMMERSIVE_ABILITY_NAME{
+    "Parameter error. The type of primary.immersiveAbilityName mustbe string [or the parameter "
+    "length exceeds the limit].",
+    nullptr};
+constexpr const char* PRIMARY_IMMERSIVE_PARAMETERS_COUNT =
+    "Parameter error. The type of primary.immersiveParameters mustbe Record<string, string>. [or "
+    "the parameter length exceeds the limit].";
+constexpr const char* PRIMARY_IMMERSIVE_PARAMETERS_TYPE =
+    "Parameter error. The type of primary.immersiveParameters mustbe Record<string, string>.";
+
+constexpr const char* RICH_TEXT_LENGTH =
+    "Parameter error. The type of richText.text mustbe string [or the parameter length exceeds "
+    "the limit].";
+constexpr const char* RICH_TEXT_TYPE = "Parameter error. The type of richText.text mustbe string.";
+constexpr const char* RICH_TEXT_COLOR_INVALID =
+    "Parameter error. The type of richText.textColor mustbe string [or the parameter length "
+    "exceeds the limit].";
+constexpr const char* RICH_TEXT_COLOR_RANGE =
+    "Parameter error. The type of richText.textColor mustbe string [or the parameter range is "
+    "incorrect].";
+
+constexpr const char* EXTENSION_TYPE =
+    "Parameter error. The type of extensionData.type mustbe ExtensionType.";
+constexpr FieldMessages EXTENSION_TEXT{
+    "Parameter error. The type of extensionData.text mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of extensionData.text mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr PictureMessages EXTENSION_PIC{
+    "Parameter error. The type of extensionData.pic mustbe string | image.PixelMap [or the "
+    "parameter length exceeds the limit].",
+    "Parameter error. The type of extensionData.pic mustbe string | image.PixelMap.",
+    "Parameter error. The type of extensionData.pic mustbe string | image.PixelMap [or the "
+    "parameter is mandatory]."};
+
+constexpr FieldMessages EXTERNAL_TITLE{
+    "Parameter error. The type of external.title mustbe string [or the parameter length exceeds "
+    "the limit].",
+    "Parameter error. The type of external.title mustbe string [or the parameter is mandatory]."};
+constexpr FieldMessages EXTERNAL_CONTENT{
+    "Parameter error. The type of external.content mustbe Array<RichTxtt> [or the parameter "
+    "length exceeds the limit].",
+    "Parameter error. The type of external.content mustbe Array<RichText> [or the parameter is "
+    "mandatory]."};
+constexpr const char* EXTERNAL_BACKGROUND_COLOR =
+    "Parameter error. The type of external.backgroundColor mustbe string [or the parameter length "
+    "exceeds the limit].";
+
+constexpr FieldMessages CAPSULE_STATUS{
+    "Parameter error. The type of capsule.status mustbe number [or the parameter range is "
+    "incorrect].",
+    "Parameter error. The type of capsule.status mustbe number [or the parameter is mandatory]."};
+constexpr const char* CAPSULE_TYPE =
+    "Parameter error. The type of capsule.type mustbe capsuleType.";
+constexpr PictureMessages CAPSULE_ICON{
+    "Parameter error. The type of capsule.icon mustbe string | image.PixelMap [or the parameter "
+    "length exceeds the limit].",
+    "Parameter error. The type of capsule.icon mustbe string | image.PixelMap.",
+    "Parameter error. The type of capsule.icon mustbe string | image.PixelMap [or the parameter "
+    "is mandatory]."};
+constexpr FieldMessages CAPSULE_BACKGROUND_COLOR{
+    "Parameter error. The type of capsule.backgroundColor mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of capsule.backgroundColor mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages CAPSULE_TITLE{
+    "Parameter error. The type of capsule.title mustbe string [or the parameter length exceeds "
+    "the limit].",
+    "Parameter error. The type of capsule.title mustbe string [or the parameter is mandatory]."};
+constexpr FieldMessages CAPSULE_CONTENT{
+    "Parameter error. The type of capsule.content mustbe string [or the parameter length exceeds "
+    "the limit].",
+    nullptr};
+constexpr const char* CAPSULE_MAX_RANGE =
+    "Parameter error. The type of capsule.max mustbe number [or the parameter range is "
+    "incorrect].";
+constexpr const char* CAPSULE_PROGRESS_RANGE =
+    "Parameter error. The type of capsule.progress mustbe number [or the parameter range is "
+    "incorrect].";
+
+constexpr const char* LAYOUT_MANDATORY =
+    "Parameter error. The type of primary.layoutData mustbe LayoutData [or the parameter is "
+    "mandatory].";
+constexpr const char* LAYOUT_TYPE =
+    "Parameter error. The type of layoutData.layoutType mustbe LayoutType.";
+
+constexpr FieldMessages PROGRESS_VALUE{
+    "Parameter error. The type of layoutData.progress mustbe number [or the parameter range is "
+    "incorrect",
+    "Parameter error. The type of layoutData.progress mustbe number [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages PROGRESS_COLOR{
+    "Parameter error. The type of layoutData.color mustbe string [or the parameter length exceeds "
+    "the limit].",
+    nullptr};
+constexpr FieldMessages PROGRESS_BACKGROUND_COLOR{
+    "Parameter error. The type of layoutData.backgroundColor mustbe string [or the parameter "
+    "length exceeds the limit].",
+    nullptr};
+constexpr const char* PROGRESS_LINE_TYPE =
+    "Parameter error. The type of layoutData.lineType mustbe LineType";
+constexpr const char* PROGRESS_INDICATOR_TYPE =
+    "Parameter error. The type of layoutData.indicatorTypetype mustbe IndicatorType";
+constexpr PictureMessages PROGRESS_INDICATOR_ICON{
+    "Parameter error. The type of layoutData.indicatorIcon mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.indicatorIcon mustbe string | image.PixelMap.",
+    "Parameter error. The type of layoutData.indicatorIcon mustbe string | image.PixelMap [or the "
+    "parameter is mandatory]."};
+constexpr const char* PROGRESS_NODE_ICONS_MANDATORY =
+    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap> [or "
+    "the parameter is mandatory].";
+constexpr IconListMessages PROGRESS_NODE_ICONS{
+    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap> [or "
+    "the parameter length exceeds the limit].",
+    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap>"};
+
+constexpr FieldMessages PICKUP_TITLE{
+    "Parameter error. The type of layoutData.title mustbe string [or the parameter length exceeds "
+    "the limit].",
+    "Parameter error. The type of layoutData.title mustbe string [or the parameter is mandatory]."};
+constexpr FieldMessages PICKUP_CONTENT{
+    "Parameter error. The type of layoutData.content mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.content mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages PICKUP_UNDERLINE_COLOR{
+    "Parameter error. The type of layoutData.underlineColor mustbe string [or the parameter length "
+    "exceeds the limit].",
+    nullptr};
+constexpr PictureMessages PICKUP_DESC_PIC{
+    "Parameter error. The type of layoutData.descPic mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.descPic mustbe string | image.PixelMap.",
+    "Parameter error. The type of layoutData.descPic mustbe string | image.PixelMap [or the "
+    "parameter is mandatory]."};
+
+constexpr FieldMessages FLIGHT_FIRST_TITLE{
+    "Parameter error. The type of layoutData.firstTitle mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.firstTitle mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages FLIGHT_FIRST_CONTENT{
+    "Parameter error. The type of layoutData.firstContent mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.firstContent mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages FLIGHT_LAST_TITLE{
+    "Parameter error. The type of layoutData.lastTitle mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.lastTitle mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages FLIGHT_LAST_CONTENT{
+    "Parameter error. The type of layoutData.lastContent mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.lastContent mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr PictureMessages FLIGHT_SPACE_ICON{
+    "Parameter error. The type of layoutData.spaceIcon mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.spaceIcon mustbe string | image.PixelMap.",
+    "Parameter error. The type of layoutData.spaceIcon mustbe string | image.PixelMap [or the "
+    "parameter is mandatory]."};
+constexpr FieldMessages FLIGHT_ADDITIONAL_TEXT{
+    "Parameter error. The type of layoutData.additionalText mustbe string [or the parameter length "
+    "exceeds the limit].",
+    nullptr};
+
+constexpr FieldMessages SCORE_HOST_NAME{
+    "Parameter error. The type of layoutData.hostName mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.hostName mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr PictureMessages SCORE_HOST_ICON{
+    "Parameter error. The type of layoutData.hostIcon mustbe string | image.PixelMap [or the "
+    "parameter length exceeds the limit].",
+    "Parameter error. The type of layoutData.hostIcon mustbe string | image.PixelMap.",
+    "Parameter error. The type of layoutData.hostIcon mustbe string | image.PixelMap [or the "
+    "parameter is mandatory]."};
+constexpr FieldMessages SCORE_HOST_SCORE{
+    "Parameter error. The type of layoutData.hostScore mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.hostScore mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages SCORE_GUEST_NAME{
+    "Parameter error. The type of layoutData.guestName mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.guestName mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr PictureMessages SCORE_GUEST_ICON{
+    "Parameter error. The type of layoutData.guestIcon mustbe string | image.PixelMap [or the "
+    "parameter length exceeds the limit].",
+    "Parameter error. The type of layoutData.guestIcon mustbe string | image.PixelMap.",
+    "Parameter error. The type of layoutData.guestIcon mustbe string | image.PixelMap [or the "
+    "parameter is mandatory]."};
+constexpr FieldMessages SCORE_GUEST_SCORE{
+    "Parameter error. The type of layoutData.guestScore mustbe string [or the parameter length "
+    "exceeds the limit].",
+    "Parameter error. The type of layoutData.guestScore mustbe string [or the parameter is "
+    "mandatory]."};
+constexpr FieldMessages SCORE_COMPETITION_DESC_TEXT{
+    "Parameter error. The type of layoutData.competitionDesc mustbe string [or the parameter "
+    "length exceeds the limit].",
+    nullptr};
+constexpr FieldMessages SCORE_COMPETITION_DESC{
+    "Parameter error. The type of layoutData.competitionDesc mustbe string | Array<RichText> [or "
+    "the parameter length exceeds the limit].",
+    "Parameter error. The type of layoutData.competitionDesc mustbe string | Array<RichText> [or "
+    "the parameter is mandatory]."};
+constexpr FieldMessages SCORE_COMPETITION_TIME{
+    "Parameter error. The type of layoutData.competitionTime mustbe string [or the parameter "
+    "length exceeds the limit].",
+    "Parameter error. The type of layoutData.competitionTime mustbe string [or the parameter is "
+    "mandatory]."};
+
+constexpr PictureMessages NAVIGATION_CURRENT_ICON{
+    "Parameter error. The type of layoutData.currentNavigationIcon mustbe string | image.PixelMap "
+    "[or the parameter length exceeds the limit].",
+    "Parameter error. The type of layoutData.currentNavigationIconStr mustbe string | "
+    "image.PixelMap.",
+    "Parameter error. The type of layoutData.currentNavigationIcon mustbe string | image.PixelMap "
+    "[or the parameter is mandatory]."};
+constexpr IconListMessages NAVIGATION_ICONS{
+    "Parameter error. The type of layoutData.navigationIcons mustbe Array<string | image.PixelMap> "
+    "[or the parameter length exceeds the limit].",
+    "Parameter error. The type of layoutData.navigationIcons mustbe Array<string | "
+    "image.PixelMap>"};
+
+BaseRsp Fail(Failure message) {
+    return BaseRsp(ERR_PARAM_INVALID, "%s", message);
+}
+
+BaseRsp ToRsp(Failure failure) {
+    return failure == nullptr ? BaseRsp() : Fail(failure);
+}
+
+// Fails with the record's param-failed text verbatim when it is not empty.
+BaseRsp CheckParamFailed(const LiveViewBase& record) {
+    const std::string paramFailed = record.GetParamFailed();
+    return paramFailed.empty() ? BaseRsp() : BaseRsp(ERR_PARAM_INVALID, paramFailed);
+}
+
+// Enumerations whose valid values are 0 .. bound - 1 compare unsigned, so negatives fail.
+bool IsBelowUnsigned(int value, uint32_t bound) {
+    return static_cast<uint32_t>(value) < bound;
+}
+
+// The length rule: not blank, and the untrimmed value shorter than limit bytes.
+bool IsWithinLimit(const std::string& value, const uint64_t& limit) {
+    return !CommonUtils::IsBlank(value) && value.size() < limit;
+}
+
+// A present text obeys the length rule; an absent one fails only when required.
+Failure CheckText(const std::shared_ptr<std::string>& text, const uint64_t& limit, bool required,
+                  const FieldMessages& messages) {
+    if (text == nullptr) {
+        return required ? messages.mandatory : nullptr;
+    }
+    return IsWithinLimit(*text, limit) ? nullptr : messages.invalid;
+}
+
+// The pattern is only tried on a value of the one length it can match, which bounds the regex
+// engine's time and recursion whatever the value holds.
+bool MatchesColorPattern(const std::string& color, size_t length, const std::regex& pattern) {
+    return color.size() == length && std::regex_match(color, pattern);
+}
+
+// 0 for "#" and eight hexadecimal ARGB digits, nothing else around them; 401 otherwise.
+int32_t CheckArgbHexColor(const std::string& color) {
+    static const std::regex ARGB_PATTERN("^#([A-Fa-f0-9]{8})$");
+    return MatchesColorPattern(color, ARGB_COLOR_LENGTH, ARGB_PATTERN) ? COLOR_VALID
+                                                                       : ERR_PARAM_INVALID;
+}
+
+// "#" and six hexadecimal RGB digits: the external background only.
+bool IsRgbHexColor(const std::string& color) {
+    static const std::regex RGB_PATTERN("^#([A-Fa-f0-9]{6})$");
+    return MatchesColorPattern(color, RGB_COLOR_LENGTH, RGB_PATTERN);
+}
+
+// A present colour is ARGB; an absent one fails only when required.
+Failure CheckColor(const std::shared_ptr<std::string>& color, bool required,
+                   const FieldMessages& messages) {
+    if (color == nullptr) {
+        return required ? messages.mandatory : nullptr;
+    }
+    return CheckArgbHexColor(*color) == COLOR_VALID ? nullptr : messages.invalid;
+}
+
+bool ExceedsImageLimit(const std::shared_ptr<Media::PixelMap>& image) {
+    return image != nullptr && image->GetByteCount() > MAX_IMAGE_BYTES;
+}
+
+bool IsPictureMissing(const std::shared_ptr<std::string>& text,
+                      const std::shared_ptr<Media::PixelMap>& image) {
+    return text == nullptr && image == nullptr;
+}
+
+// The form rules of a picture: the image within the byte limit, the resource string not empty
+// (neither trimmed nor bounded).
+Failure CheckPictureForm(const std::shared_ptr<std::string>& text,
+                         const std::shared_ptr<Media::PixelMap>& image, PictureOrder order,
+                         const PictureMessages& messages) {
+    const bool isEmptyText = text != nullptr && text->empty();
+    if (order == PictureOrder::STRING_FIRST && isEmptyText) {
+        return messages.type;
+    }
+    if (ExceedsImageLimit(image)) {
+        return messages.length;
+    }
+    return isEmptyText ? messages.type : nullptr;
+}
+
+// The form rules, then one of the two forms must be given when required.
+Failure CheckPicture(const std::shared_ptr<std::string>& text,
+                     const std::shared_ptr<Media::PixelMap>& image, PictureOrder order,
+                     bool required, const PictureMessages& messages) {
+    if (Failure failure = CheckPictureForm(text, image, order, messages)) {
+        return failure;
+    }
+    return required && IsPictureMissing(text, image) ? messages.mandatory : nullptr;
+}
+
+bool IsIconCountValid(size_t count, size_t maxCount) {
+    return count >= MIN_ICONS && count <= maxCount;
+}
+
+// An icon list that is given at all holds MIN_ICONS to maxCount entries, strings not empty and
+// images present within the byte limit. Strings are checked before images.
+Failure CheckIconLists(const std::vector<std::string>& texts,
+                       const std::vector<std::shared_ptr<Media::PixelMap>>& images, size_t maxCount,
+                       const IconListMessages& messages) {
+    if (!texts.empty()) {
+        if (!IsIconCountValid(texts.size(), maxCount)) {
+            return messages.count;
+        }
+        const bool hasEmptyText = std::any_of(texts.begin(), texts.end(),
+                                              [](const std::string& text) { return text.empty(); });
+        if (hasEmptyText) {
+            return messages.emptyString;
+        }
+    }
+    if (!images.empty()) {
+        if (!IsIconCountValid(images.size(), maxCount)) {
+            return messages.count;
+        }
+        const bool hasBadImage = std::any_of(
+            images.begin(), images.end(), [](const std::shared_ptr<Media::PixelMap>& image) {
+                return image == nullptr || ExceedsImageLimit(image);
+            });
+        if (hasBadImage) {
+            return messages.count;
+        }
+    }
+    return nullptr;
+}
+
+// Every item and the sum of all items obey the limit; null items are skipped; all items that
+// carry a colour carry the same one, byte for byte.
+BaseRsp CheckRichText(const std::vector<std::shared_ptr<RichText>>& richTexts,
+                      const uint64_t& limit) {
+    if (richTexts.empty()) {
+        return Fail(RICH_TEXT_LENGTH);
+    }
+    uint64_t totalLength = 0;
+    std::string sharedColor;
+    for (const auto& richText : richTexts) {
+        if (richText == nullptr) {
+            continue;
+        }
+        const auto text = richText->GetText();
+        if (text == nullptr) {
+            return Fail(RICH_TEXT_TYPE);
+        }
+        if (!IsWithinLimit(*text, limit)) {
+            return Fail(RICH_TEXT_LENGTH);
+        }
+        totalLength += text->size();
+        const auto color = richText->GetTextColor();
+        if (color == nullptr) {
+            continue;
+        }
+        if (CheckArgbHexColor(*color) != COLOR_VALID) {
+            return Fail(RICH_TEXT_COLOR_INVALID);
+        }
+        if (sharedColor.empty()) {
+            sharedColor = *color;
+        }
+        if (*color != sharedColor) {
+            return Fail(RICH_TEXT_COLOR_RANGE);
+        }
+    }
+    if (totalLength < 1 || totalLength >= limit) {
+        return Fail(RICH_TEXT_LENGTH);
+    }
+    return BaseRsp();
+}
+
+// A non-empty list passes CheckRichText, whose own message gives way to the field's; an empty
+// one fails only when required.
+Failure CheckRichTextField(const std::vector<std::shared_ptr<RichText>>& richTexts,
+                           const uint64_t& limit, bool required, const FieldMessages& messages) {
+    if (richTexts.empty()) {
+        return required ? messages.mandatory : nullptr;
+    }
+    return CheckRichText(richTexts, limit).Succeed() ? nullptr : messages.invalid;
+}
+
+// Takes the record as its kind and applies the kind's rules; a record that is not of that kind
+// is accepted with an info line.
+template <typename Kind>
+BaseRsp CheckKind(const std::shared_ptr<Kind>& record, const char* kindName, const LogPlace& place,
+                  Failure (*rules)(const Kind&, bool), bool isStart) {
+    if (record == nullptr) {
+        LV_LOGI_FN(place.line, place.function, "The %{public}s is nullptr", kindName);
+        return BaseRsp();
+    }
+    return ToRsp(rules(*record, isStart));
+}
+
+void ClampKeepTime(PrimaryData& primary) {
+    const auto keepTime = primary.GetKeepTime();
+    if (keepTime == nullptr) {
+        return;
+    }
+    const int clamped = std::clamp(*keepTime, MIN_KEEP_TIME, MAX_KEEP_TIME);
+    if (clamped != *keepTime) {
+        primary.SetKeepTime(std::make_shared<int>(clamped));
+    }
+}
+
+// The immersive fields, checked only once the rest of the primary data passed.
+Failure CheckImmersive(const PrimaryData& primary, bool isStart) {
+    if (Failure failure = CheckText(primary.GetImmersivePicStr(), IMMERSIVE_PIC_LIMIT, false,
+                                    PRIMARY_IMMERSIVE_PIC)) {
+        return failure;
+    }
+    if (isStart) {
+        if (Failure failure = CheckText(primary.GetImmersiveAbilityName(), TEXT_LIMIT, false,
+                                        PRIMARY_IMMERSIVE_ABILITY_NAME)) {
+            return failure;
+        }
+    }
+    const auto parameters = primary.GetImmersiveParameters();
+    if (parameters == nullptr) {
+        return nullptr;
+    }
+    const int count = parameters->Size();
+    if (count < 1 || count > MAX_IMMERSIVE_PARAMETERS) {
+        return PRIMARY_IMMERSIVE_PARAMETERS_COUNT;
+    }
+    for (const auto& entry : parameters->GetParams()) {
+        if (AAFwk::WantParams::GetDataType(entry.second) != AAFwk::WantParams::VALUE_TYPE_STRING) {
+            return PRIMARY_IMMERSIVE_PARAMETERS_TYPE;
+        }
+    }
+    return nullptr;
+}
+
+// Type, icon and background colour: what every capsule with status 1 must satisfy.
+Failure CheckCapsuleCommon(const CapsuleData& capsule, bool isStart) {
+    switch (capsule.GetType()) {
+        case CapsuleData::TEXT:
+        case CapsuleData::TIMER:
+        case CapsuleData::PROGRESS:
+            break;
+        default:
+            return CAPSULE_TYPE;
+    }
+    if (Failure failure = CheckPicture(capsule.GetIconStr(), capsule.GetIcon(),
+                                       PictureOrder::IMAGE_FIRST, isStart, CAPSULE_ICON)) {
+        return failure;
+    }
+    return CheckColor(capsule.GetBackgroundColor(), isStart, CAPSULE_BACKGROUND_COLOR);
+}
+
+Failure CheckTextCapsule(const TextCapsule& capsule, bool isStart) {
+    if (Failure failure = CheckText(capsule.GetTitle(), TEXT_LIMIT, isStart, CAPSULE_TITLE)) {
+        return failure;
+    }
+    return CheckText(capsule.GetContent(), TEXT_LIMIT, false, CAPSULE_CONTENT);
+}
+
+Failure CheckTimerCapsule(const TimerCapsule& capsule, bool /* isStart */) {
+    return CheckText(capsule.GetContent(), TEXT_LIMIT, false, CAPSULE_CONTENT);
+}
+
+// Progress is not compared with max.
+Failure CheckProgressCapsule(const ProgressCapsule& capsule, bool /* isStart */) {
+    const auto max = capsule.GetMax();
+    if (max != nullptr && *max < 1) {
+        return CAPSULE_MAX_RANGE;
+    }
+    const auto progress = capsule.GetProgress();
+    if (progress != nullptr && *progress < 0) {
+        return CAPSULE_PROGRESS_RANGE;
+    }
+    return nullptr;
+}
+
+// The progress is mandatory for every operation.
+Failure CheckProgressLayout(const ProgressLayout& layout, bool isStart) {
+    const auto progress = layout.GetProgress();
+    if (progress == nullptr) {
+        return PROGRESS_VALUE.mandatory;
+    }
+    if (!IsBelowUnsigned(*progress, PROGRESS_BOUND)) {
+        return PROGRESS_VALUE.invalid;
+    }
+    if (Failure failure = CheckColor(layout.GetColor(), false, PROGRESS_COLOR)) {
+        return failure;
+    }
+    if (Failure failure =
+            CheckColor(layout.GetBackgroundColor(), false, PROGRESS_BACKGROUND_COLOR)) {
+        return failure;
+    }
+    const auto lineType = layout.GetLineType();
+    if (lineType != nullptr && !IsBelowUnsigned(*lineType, STYLE_TYPE_BOUND)) {
+        return PROGRESS_LINE_TYPE;
+    }
+    const auto indicatorType = layout.GetIndicatorType();
+    if (indicatorType != nullptr && !IsBelowUnsigned(*indicatorType, STYLE_TYPE_BOUND)) {
+        return PROGRESS_INDICATOR_TYPE;
+    }
+    const bool needsIndicatorIcon = isStart && indicatorType != nullptr &&
+                                    (*indicatorType == ProgressLayout::INDICATOR_TYPE_ICON_1 ||
+                                     *indicatorType == ProgressLayout::INDICATOR_TYPE_ICON_2);
+    if (Failure failure =
+            CheckPicture(layout.GetIndicatorIconStr(), layout.GetIndicatorIcon(),
+                         PictureOrder::STRING_FIRST, needsIndicatorIcon, PROGRESS_INDICATOR_ICON)) {
+        return failure;
+    }
+    const auto nodeIconsStr = layout.GetNodeIconsStr();
+    const auto nodeIcons = layout.GetNodeIcons();
+    if (isStart && nodeIconsStr.empty() && nodeIcons.empty()) {
+        return PROGRESS_NODE_ICONS_MANDATORY;
+    }
+    return CheckIconLists(nodeIconsStr, nodeIcons, MAX_NODE_ICONS, PROGRESS_NODE_ICONS);
+}
+
+Failure CheckPickupLayout(const PickupLayout& layout, bool isStart) {
+    if (Failure failure = CheckText(layout.GetTitle(), TEXT_LIMIT, isStart, PICKUP_TITLE)) {
+        return failure;
+    }
+    if (Failure failure = CheckText(layout.GetContent(), TEXT_LIMIT, isStart, PICKUP_CONTENT)) {
+        return failure;
+    }
+    if (Failure failure = CheckColor(layout.GetUnderlineColor(), false, PICKUP_UNDERLINE_COLOR)) {
+        return failure;
+    }
+    return CheckPicture(layout.GetDescPicStr(), layout.GetDescPic(), PictureOrder::IMAGE_FIRST,
+                        isStart, PICKUP_DESC_PIC);
+}
+
+// The space icon's mandatory rule comes after the additional text.
+Failure CheckFlightLayout(const FlightLayout& layout, bool isStart) {
+    if (Failure failure =
+            CheckText(layout.GetFirstTitle(), TEXT_LIMIT, isStart, FLIGHT_FIRST_TITLE)) {
+        return failure;
+    }
+    if (Failure failure =
+            CheckText(layout.GetFirstContent(), TEXT_LIMIT, isStart, FLIGHT_FIRST_CONTENT)) {
+        return failure;
+    }
+    if (Failure failure =
+            CheckText(layout.GetLastTitle(), TEXT_LIMIT, isStart, FLIGHT_LAST_TITLE)) {
+        return failure;
+    }
+    if (Failure failure =
+            CheckText(layout.GetLastContent(), TEXT_LIMIT, isStart, FLIGHT_LAST_CONTENT)) {
+        return failure;
+    }
+    const auto spaceIconStr = layout.GetSpaceIconStr();
+    const auto spaceIcon = layout.GetSpaceIcon();
+    if (Failure failure = CheckPictureForm(spaceIconStr, spaceIcon, PictureOrder::IMAGE_FIRST,
+                                           FLIGHT_SPACE_ICON)) {
+        return failure;
+    }
+    if (Failure failure =
+            CheckText(layout.GetAdditionalText(), LONG_TEXT_LIMIT, false, FLIGHT_ADDITIONAL_TEXT)) {
+        return failure;
+    }
+    return isStart && IsPictureMissing(spaceIconStr, spaceIcon) ? FLIGHT_SPACE_ICON.mandatory
+                                                                : nullptr;
+}
+
+// On start the competition description is given as a text or as a non-empty rich-text list.
+Failure CheckScoreLayout(const ScoreLayout& layout, bool isStart) {
+    if (Failure failure = CheckText(layout.GetHostName(), TEXT_LIMIT, isStart, SCORE_HOST_NAME)) {
+        return failure;
+    }
+    if (Failure failure = CheckPicture(layout.GetHostIconStr(), layout.GetHostIcon(),
+                                       PictureOrder::IMAGE_FIRST, isStart, SCORE_HOST_ICON)) {
+        return failure;
+    }
+    if (Failure failure = CheckText(layout.GetHostScore(), TEXT_LIMIT, isStart, SCORE_HOST_SCORE)) {
+        return failure;
+    }
+    if (Failure failure = CheckText(layout.GetGuestName(), TEXT_LIMIT, isStart, SCORE_GUEST_NAME)) {
+        return failure;
+    }
+    if (Failure failure = CheckPicture(layout.GetGuestIconStr(), layout.GetGuestIcon(),
+                                       PictureOrder::IMAGE_FIRST, isStart, SCORE_GUEST_ICON)) {
+        return failure;
+    }
+    if (Failure failure =
+            CheckText(layout.GetGuestScore(), TEXT_LIMIT, isStart, SCORE_GUEST_SCORE)) {
+        return failure;
+    }
+    const auto competitionDesc = layout.GetCompetitionDesc();
+    if (Failure failure =
+            CheckText(competitionDesc, TEXT_LIMIT, false, SCORE_COMPETITION_DESC_TEXT)) {
+        return failure;
+    }
+    const bool isDescTextMissing = isStart && competitionDesc == nullptr;
+    if (Failure failure = CheckRichTextField(layout.GetCompetitionDescVector(), TEXT_LIMIT,
+                                             isDescTextMissing, SCORE_COMPETITION_DESC)) {
+        return failure;
+    }
+    return CheckText(layout.GetCompetitionTime(), TEXT_LIMIT, isStart, SCORE_COMPETITION_TIME);
+}
+
+// Navigation icon lists are never mandatory.
+Failure CheckNavigationLayout(const NavigationLayout& layout, bool isStart) {
+    if (Failure failure =
+            CheckPicture(layout.GetCurrentNavigationIconStr(), layout.GetCurrentNavigationIcon(),
+                         PictureOrder::STRING_FIRST, isStart, NAVIGATION_CURRENT_ICON)) {
+        return failure;
+    }
+    return CheckIconLists(layout.GetNavigationIconsStr(), layout.GetNavigationIcons(),
+                          MAX_NAVIGATION_ICONS, NAVIGATION_ICONS);
+}
+
+// The optional sections in the order in which both entry points try them.
+using SectionCheck = BaseRsp (*)(const LiveView&, const LiveView::Operation&, bool&);
+
+BaseRsp CheckExtensionSection(const LiveView& liveView, const LiveView::Operation& /* operation */,
+                              bool& isPresent) {
+    return LiveViewParamValidate::ExtendDataParamValidate(liveView, isPresent);
+}
+
+constexpr SectionCheck OPTIONAL_SECTIONS[] = {
+    CheckExtensionSection,
+    LiveViewParamValidate::LayoutDataParamValidate,
+    LiveViewParamValidate::CapsuleDataParamValidate,
+    LiveViewParamValidate::ExternalDataParamValidate,
+};
+
+}  // namespace
+
+BaseRsp LiveViewParamValidate::ValidateStartLiveViewParam(const LiveView& liveView,
+                                                          const LiveView::Operation& operation) {
+    BaseRsp rsp = CommonDataParamValidate(liveView);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    rsp = PrimaryDataParamValidate(liveView, operation);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    bool isPresent = false;
+    for (SectionCheck check : OPTIONAL_SECTIONS) {
+        rsp = check(liveView, operation, isPresent);
+        if (!rsp.Succeed()) {
+            return rsp;
+        }
+    }
+    return BaseRsp();
+}
+
+BaseRsp LiveViewParamValidate::ValidateUpdateLiveViewParam(const LiveView& liveView,
+                                                           const LiveView::Operation& operation) {
+    BaseRsp rsp = CommonDataParamValidate(liveView);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    BaseRsp result = PrimaryDataParamValidate(liveView, operation);
+    if (result.Succeed()) {
+        return result;
+    }
+    for (SectionCheck check : OPTIONAL_SECTIONS) {
+        bool isPresent = false;
+        rsp = check(liveView, operation, isPresent);
+        if (!rsp.Succeed()) {
+            result = rsp;
+        } else if (isPresent) {
+            return rsp;
+        }
+    }
+    return result;
+}
+
+BaseRsp LiveViewParamValidate::CommonDataParamValidate(const LiveView& liveView) {
+    BaseRsp rsp = CheckParamFailed(liveView);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    if (liveView.GetId() == nullptr) {
+        return Fail(ID_MANDATORY);
+    }
+    const size_t eventLength = CommonUtils::TrimString(liveView.GetEvent()).size();
+    if (eventLength == 0 || eventLength > EVENT_MAX_LENGTH) {
+        return Fail(EVENT_LENGTH);
+    }
+    const auto sequence = liveView.GetSequence();
+    if (sequence != nullptr && *sequence < 0) {
+        return Fail(SEQUENCE_RANGE);
+    }
+    if (liveView.GetLiveViewData() == nullptr) {
+        return Fail(LIVE_VIEW_DATA_MANDATORY);
+    }
+    return BaseRsp();
+}
+
+BaseRsp LiveViewParamValidate::TimerDataParamValidate(const LiveView& liveView) {
+    const auto timer = liveView.GetTimer();
+    if (timer == nullptr) {
+        return BaseRsp();
+    }
+    BaseRsp rsp = CheckParamFailed(*timer);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    const auto time = timer->GetTime();
+    if (time != nullptr && *time < 0) {
+        return Fail(TIMER_TIME_RANGE);
+    }
+    return BaseRsp();
+}
+
+BaseRsp LiveViewParamValidate::PrimaryDataParamValidate(const LiveView& liveView,
+                                                        const LiveView::Operation& operation) {
+    const auto primary = LiveView::GetPrimaryData(liveView);
+    if (primary == nullptr) {
+        return Fail(PRIMARY_MANDATORY);
+    }
+    BaseRsp rsp = CheckParamFailed(*primary);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    const bool isStart = operation == LiveView::START;
+    if (Failure failure = CheckText(primary->GetTitle(), LONG_TEXT_LIMIT, isStart, PRIMARY_TITLE)) {
+        return Fail(failure);
+    }
+    if (Failure failure =
+            CheckRichTextField(primary->GetContent(), LONG_TEXT_LIMIT, isStart, PRIMARY_CONTENT)) {
+        return Fail(failure);
+    }
+    if (operation == LiveView::STOP) {
+        ClampKeepTime(*primary);
+    }
+    if (isStart && primary->GetClickAction() == nullptr) {
+        return Fail(PRIMARY_CLICK_ACTION_MANDATORY);
+    }
+    return ToRsp(CheckImmersive(*primary, isStart));
+}
+
+BaseRsp LiveViewParamValidate::ExtendDataParamValidate(const LiveView& liveView, bool& isPresent) {
+    const auto extension = LiveView::GetExtensionData(liveView);
+    if (extension == nullptr) {
+        LV_LOGI(LINE_EXTENSION_ABSENT, "The extensionData is nullptr");
+        return BaseRsp();
+    }
+    isPresent = true;
+    BaseRsp rsp = CheckParamFailed(*extension);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    const ExtensionData::ExtensionType type = extension->GetType();
+    if (!IsBelowUnsigned(type, EXTENSION_TYPE_BOUND)) {
+        return Fail(EXTENSION_TYPE);
+    }
+    const bool needsText = type == ExtensionData::EXTENSION_TYPE_TEXT_1 ||
+                           type == ExtensionData::EXTENSION_TYPE_TEXT_2;
+    if (Failure failure = CheckText(extension->GetText(), TEXT_LIMIT, needsText, EXTENSION_TEXT)) {
+        return Fail(failure);
+    }
+    const bool needsPicture = type == ExtensionData::EXTENSION_TYPE_PICTURE_1 ||
+                              type == ExtensionData::EXTENSION_TYPE_PICTURE_2;
+    return ToRsp(CheckPicture(extension->GetPicStr(), extension->GetPic(),
+                              PictureOrder::IMAGE_FIRST, needsPicture, EXTENSION_PIC));
+}
+
+BaseRsp LiveViewParamValidate::LayoutDataParamValidate(const LiveView& liveView,
+                                                       const LiveView::Operation& operation,
+                                                       bool& isPresent) {
+    const bool isStart = operation == LiveView::START;
+    const auto layout = LiveView::GetLayoutData(liveView);
+    if (layout == nullptr) {
+        return isStart ? Fail(LAYOUT_MANDATORY) : BaseRsp();
+    }
+    isPresent = true;
+    BaseRsp rsp = CheckParamFailed(*layout);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    switch (layout->GetLayoutType()) {
+        case LayoutData::LAYOUT_TYPE_NONE:
+            return BaseRsp();
+        case LayoutData::PROGRESS:
+            return CheckKind(AsProgressLayout(layout), "progressLayout", LAYOUT_KIND_ABSENT,
+                             CheckProgressLayout, isStart);
+        case LayoutData::PICKUP:
+            return CheckKind(AsPickupLayout(layout), "pickupLayout", LAYOUT_KIND_ABSENT,
+                             CheckPickupLayout, isStart);
+        case LayoutData::FLIGHT:
+            return CheckKind(AsFlightLayout(layout), "flightLayout", LAYOUT_KIND_ABSENT,
+                             CheckFlightLayout, isStart);
+        case LayoutData::SCORE:
+            return CheckKind(AsScoreLayout(layout), "scoreLayout", LAYOUT_KIND_ABSENT,
+                             CheckScoreLayout, isStart);
+        case LayoutData::NAVIGATION:
+            return CheckKind(AsNavigationLayout(layout), "navigationLayout", LAYOUT_KIND_ABSENT,
+                             CheckNavigationLayout, isStart);
+        default:
+            return Fail(LAYOUT_TYPE);
+    }
+}
+
+BaseRsp LiveViewParamValidate::CapsuleDataParamValidate(const LiveView& liveView,
+                                                        const LiveView::Operation& operation,
+                                                        bool& isPresent) {
+    const auto capsule = LiveView::GetCapsuleData(liveView);
+    if (capsule == nullptr) {
+        LV_LOGI(LINE_CAPSULE_ABSENT, "The capsule is nullptr");
+        return BaseRsp();
+    }
+    isPresent = true;
+    const auto status = capsule->GetStatus();
+    if (status == nullptr) {
+        return Fail(CAPSULE_STATUS.mandatory);
+    }
+    if (*status == CAPSULE_STATUS_ACCEPTED) {
+        return BaseRsp();
+    }
+    if (*status != CAPSULE_STATUS_CHECKED) {
+        return Fail(CAPSULE_STATUS.invalid);
+    }
+    BaseRsp rsp = CheckParamFailed(*capsule);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    const bool isStart = operation == LiveView::START;
+    if (Failure failure = CheckCapsuleCommon(*capsule, isStart)) {
+        return Fail(failure);
+    }
+    switch (capsule->GetType()) {
+        case CapsuleData::TEXT:
+            return CheckKind(AsTextCapsule(capsule), "textCapsule", CAPSULE_KIND_ABSENT,
+                             CheckTextCapsule, isStart);
+        case CapsuleData::TIMER:
+            return CheckKind(AsTimerCapsule(capsule), "timerCapsule", CAPSULE_KIND_ABSENT,
+                             CheckTimerCapsule, isStart);
+        case CapsuleData::PROGRESS:
+            return CheckKind(AsProgressCapsule(capsule), "progressCapsule", CAPSULE_KIND_ABSENT,
+                             CheckProgressCapsule, isStart);
+        default:
+            return BaseRsp();
+    }
+}
+
+BaseRsp LiveViewParamValidate::ExternalDataParamValidate(const LiveView& liveView,
+                                                         const LiveView::Operation& operation,
+                                                         bool& isPresent) {
+    const auto external = LiveView::GetExternalData(liveView);
+    if (external == nullptr) {
+        LV_LOGI(LINE_EXTERNAL_ABSENT, "The externalData is null");
+        return BaseRsp();
+    }
+    isPresent = true;
+    BaseRsp rsp = CheckParamFailed(*external);
+    if (!rsp.Succeed()) {
+        return rsp;
+    }
+    const bool isStart = operation == LiveView::START;
+    if (Failure failure = CheckText(external->GetTitle(), TEXT_LIMIT, isStart, EXTERNAL_TITLE)) {
+        return Fail(failure);
+    }
+    if (Failure failure =
+            CheckRichTextField(external->GetContent(), TEXT_LIMIT, isStart, EXTERNAL_CONTENT)) {
+        return Fail(failure);
+    }
+    const auto backgroundColor = external->GetBackgroundColor();
+    if (backgroundColor != nullptr && !IsRgbHexColor(*backgroundColor)) {
+        return Fail(EXTERNAL_BACKGROUND_COLOR);
+    }
+    return BaseRsp();
+}
+
+}  // namespace LiveView
+}  // namespace Wisp
+}  // namespace Tavi

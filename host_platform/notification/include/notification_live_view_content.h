@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "notification_basic_content.h"
@@ -44,6 +45,8 @@ public:
     void SetExtraInfo(const std::shared_ptr<AAFwk::WantParams>& extraInfo) { extraInfo_ = extraInfo; }
     std::shared_ptr<AAFwk::WantParams> GetExtraInfo() const { return extraInfo_; }
     void SetPicture(const PictureMap& pictureMap) { pictureMap_ = pictureMap; }
+    // Takes the map over instead of copying it.
+    void SetPicture(PictureMap&& pictureMap) { pictureMap_ = std::move(pictureMap); }
     PictureMap GetPicture() const { return pictureMap_; }
     // True when the live view is updated by the device itself and a subscriber hears of it.
     void SetIsOnlyLocalUpdate(bool isOnlyLocalUpdate) { isOnlyLocalUpdate_ = isOnlyLocalUpdate; }

@@ -13,6 +13,7 @@
 #include <deque>
 #include <map>
 #include <mutex>
+#include <set>
 #include <tuple>
 #include <string>
 #include <utility>
@@ -87,7 +88,14 @@ private:
         sptr<Notification::NotificationRequest> request;
         bool ended = false;
         int64_t endedAtMillis = 0;
+        // Set when the live view ended with an auto-deleted time that can run out: the service
+        // clock reading from which on it is removed, which is also its key in expiries_.
+        bool expires = false;
+        int64_t expiresAtMillis = 0;
     };
+    // Ended live views that expire, by the clock reading at which they do, so that a purge visits
+    // only the expired ones instead of every live view held.
+    using ExpiryKey = std::tuple<int64_t, AppId, int32_t>;
     using Subscriber = Notification::NotificationLocalLiveViewSubscriber*;
 
     NotificationService() = default;
@@ -96,12 +104,16 @@ private:
     bool TakeFault(ServiceCall call, int32_t& errorNumber);
     int64_t NowLocked() const;
     void PurgeExpiredLocked(int64_t now);
+    // Marks a stored live view ended at now and files it under its expiry, if it has one.
+    void EndLocked(const AppId& app, int32_t id, Stored& stored, int64_t now);
+    void ForgetExpiryLocked(const AppId& app, int32_t id, const Stored& stored);
     Notification::ErrCode PublishLocked(const AppId& app, const Notification::NotificationRequest& request,
                                         int64_t now);
     void Record(const AppId& app, const Notification::NotificationRequest& request, int32_t result, int64_t now);
 
     std::mutex mutex_;
     std::map<AppId, std::map<int32_t, Stored>> liveViews_;
+    std::set<ExpiryKey> expiries_;
     std::map<AppId, std::deque<int64_t>> publishTimes_;
     std::map<AppId, bool> slotEnabled_;
     std::map<AppId, std::vector<Subscriber>> subscribers_;

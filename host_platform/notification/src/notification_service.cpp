@@ -47,7 +47,7 @@ void MergeInto(NotificationRequest& stored, const NotificationRequest& update)
     for (const auto& [key, list] : updateContent->GetPicture()) {
         pictures[key] = list;
     }
-    storedContent->SetPicture(pictures);
+    storedContent->SetPicture(std::move(pictures));
     storedContent->SetLiveViewStatus(updateContent->GetLiveViewStatus());
     if (updateContent->GetVersion() != NotificationLiveViewContent::MAX_VERSION) {
         storedContent->SetVersion(updateContent->GetVersion());
@@ -76,12 +76,43 @@ void MergeInto(NotificationRequest& stored, const NotificationRequest& update)
     stored.SetInProgress(update.IsInProgress());
 }
 
-bool IsExpired(const NotificationRequest& request, bool ended, int64_t endedAt, int64_t now)
+// A copy of what the service holds, as a reader gets it: with only the asked extra-info keys when
+// keys is not empty. The keys that are not asked for are not copied at all.
+sptr<NotificationRequest> CopyForReader(NotificationRequest& stored, const std::vector<std::string>& keys)
 {
-    const int64_t keepSeconds = request.GetAutoDeletedTime();
-    const int64_t elapsed = now - endedAt;
-    // Compared in whole seconds: keepSeconds * 1000 may not fit in 64 bits.
-    return ended && keepSeconds >= 0 && elapsed >= 0 && elapsed / MILLIS_PER_SECOND >= keepSeconds;
+    auto content = LiveViewContentOf(stored);
+    if (keys.empty() || content == nullptr || content->GetExtraInfo() == nullptr) {
+        return stored.Clone();
+    }
+    const auto full = content->GetExtraInfo();
+    auto kept = std::make_shared<AAFwk::WantParams>();
+    for (const auto& key : keys) {
+        if (full->HasParam(key)) {
+            const auto value = full->GetParam(key);
+            kept->SetParam(key, value == nullptr ? value : value->Clone());
+        }
+    }
+    // The stored content is cloned without its extra info, which is put back whatever happens.
+    struct Restore {
+        NotificationLiveViewContent& content;
+        const std::shared_ptr<AAFwk::WantParams>& extraInfo;
+        ~Restore() { content.SetExtraInfo(extraInfo); }
+    } restore{*content, full};
+    content->SetExtraInfo(nullptr);
+    auto copy = stored.Clone();
+    LiveViewContentOf(*copy)->SetExtraInfo(kept);
+    return copy;
+}
+
+// An ended live view is removed once the whole seconds elapsed since its end reach its
+// auto-deleted time; a negative time keeps it. With whole seconds counted down, that is the first
+// clock reading endedAt + keepSeconds * 1000; false when that reading does not fit in 64 bits, as
+// the clock never gets there.
+bool ExpiryMillis(int64_t keepSeconds, int64_t endedAt, int64_t& expiresAt)
+{
+    int64_t keepMillis = 0;
+    return keepSeconds >= 0 && !__builtin_mul_overflow(keepSeconds, MILLIS_PER_SECOND, &keepMillis) &&
+           !__builtin_add_overflow(endedAt, keepMillis, &expiresAt);
 }
 }  // namespace
 
@@ -121,16 +152,33 @@ int64_t NotificationService::NowLocked() const
 
 void NotificationService::PurgeExpiredLocked(int64_t now)
 {
-    for (auto appIt = liveViews_.begin(); appIt != liveViews_.end();) {
-        auto& views = appIt->second;
-        for (auto it = views.begin(); it != views.end();) {
-            if (IsExpired(*it->second.request, it->second.ended, it->second.endedAtMillis, now)) {
-                it = views.erase(it);
-            } else {
-                ++it;
+    while (!expiries_.empty() && std::get<0>(*expiries_.begin()) <= now) {
+        const AppId& app = std::get<1>(*expiries_.begin());
+        auto appIt = liveViews_.find(app);
+        if (appIt != liveViews_.end()) {
+            appIt->second.erase(std::get<2>(*expiries_.begin()));
+            if (appIt->second.empty()) {
+                liveViews_.erase(appIt);
             }
         }
-        appIt = views.empty() ? liveViews_.erase(appIt) : std::next(appIt);
+        expiries_.erase(expiries_.begin());
+    }
+}
+
+void NotificationService::EndLocked(const AppId& app, int32_t id, Stored& stored, int64_t now)
+{
+    stored.ended = true;
+    stored.endedAtMillis = now;
+    stored.expires = ExpiryMillis(stored.request->GetAutoDeletedTime(), now, stored.expiresAtMillis);
+    if (stored.expires) {
+        expiries_.emplace(stored.expiresAtMillis, app, id);
+    }
+}
+
+void NotificationService::ForgetExpiryLocked(const AppId& app, int32_t id, const Stored& stored)
+{
+    if (stored.expires) {
+        expiries_.erase(ExpiryKey(stored.expiresAtMillis, app, id));
     }
 }
 
@@ -182,6 +230,9 @@ ErrCode NotificationService::PublishLocked(const AppId& app, const NotificationR
         if (existing != views.end() && !existing->second.ended) {
             return Notification::ERR_ANS_REPEAT_CREATE;
         }
+        if (existing != views.end()) {
+            ForgetExpiryLocked(app, id, existing->second);
+        }
         views[id] = Stored{request.Clone(), false, 0};
     } else {
         if (existing == views.end()) {
@@ -204,8 +255,7 @@ ErrCode NotificationService::PublishLocked(const AppId& app, const NotificationR
             MergeInto(*stored.request, *copy);
         }
         if (status == Status::LIVE_VIEW_END) {
-            stored.ended = true;
-            stored.endedAtMillis = now;
+            EndLocked(app, id, stored, now);
         }
     }
     times.push_back(now);
@@ -259,20 +309,9 @@ ErrCode NotificationService::GetActive(const Notification::LiveViewFilter& filte
     if (it == app->second.end()) {
         return Notification::ERR_ANS_NOTIFICATION_NOT_EXISTS;
     }
-    auto copy = it->second.request->Clone();
-    copy->SetOwnerBundleName(asked.bundleName);
-    copy->SetOwnerUid(asked.uid);
-    auto content = LiveViewContentOf(*copy);
-    if (!filter.extraInfoKeys.empty() && content != nullptr && content->GetExtraInfo() != nullptr) {
-        auto kept = std::make_shared<AAFwk::WantParams>();
-        for (const auto& key : filter.extraInfoKeys) {
-            if (content->GetExtraInfo()->HasParam(key)) {
-                kept->SetParam(key, content->GetExtraInfo()->GetParam(key));
-            }
-        }
-        content->SetExtraInfo(kept);
-    }
-    request = copy;
+    request = CopyForReader(*it->second.request, filter.extraInfoKeys);
+    request->SetOwnerBundleName(asked.bundleName);
+    request->SetOwnerUid(asked.uid);
     return Notification::ERR_OK;
 }
 
@@ -299,6 +338,7 @@ void NotificationService::Reset()
 {
     std::lock_guard<std::mutex> lock(mutex_);
     liveViews_.clear();
+    expiries_.clear();
     publishTimes_.clear();
     slotEnabled_.clear();
     subscribers_.clear();
@@ -421,6 +461,7 @@ void NotificationService::Die()
         }
         subscribers_.clear();
         liveViews_.clear();
+        expiries_.clear();
         publishTimes_.clear();
     }
     for (Subscriber subscriber : listeners) {

@@ -34,17 +34,9 @@ public:
         mode_ = mode;
     }
 
-    void Emit(Record record)
-    {
-        std::lock_guard<std::mutex> lock(mutex_);
-        if (mode_ == SinkMode::PRINT || mode_ == SinkMode::CAPTURE_AND_PRINT) {
-            std::string line = format_(record);
-            std::fprintf(stderr, "%s\n", line.c_str());
-        }
-        if (mode_ == SinkMode::CAPTURE || mode_ == SinkMode::CAPTURE_AND_PRINT) {
-            records_.push_back(std::move(record));
-        }
-    }
+    // A record is copied only when it is kept; one handed over as an rvalue is moved instead.
+    void Emit(const Record& record) { EmitRecord(record); }
+    void Emit(Record&& record) { EmitRecord(std::move(record)); }
 
     // The records kept since the last Take or Reset, oldest first; they are forgotten.
     std::vector<Record> Take()
@@ -64,6 +56,19 @@ public:
     }
 
 private:
+    template <typename R>
+    void EmitRecord(R&& record)
+    {
+        std::lock_guard<std::mutex> lock(mutex_);
+        if (mode_ == SinkMode::PRINT || mode_ == SinkMode::CAPTURE_AND_PRINT) {
+            std::string line = format_(record);
+            std::fprintf(stderr, "%s\n", line.c_str());
+        }
+        if (mode_ == SinkMode::CAPTURE || mode_ == SinkMode::CAPTURE_AND_PRINT) {
+            records_.push_back(std::forward<R>(record));
+        }
+    }
+
     std::mutex mutex_;
     SinkMode mode_ = SinkMode::PRINT;
     std::vector<Record> records_;

@@ -9,6 +9,7 @@
 #define TAVI_WANT_BASE_OBJ_H
 
 #include <string>
+#include <utility>
 
 #include "refbase.h"
 
@@ -59,6 +60,7 @@ template <typename T, int Iid>
 class ValueBox final : public IValue<T, Iid> {
 public:
     explicit ValueBox(const T& value) : value_(value) {}
+    explicit ValueBox(T&& value) : value_(std::move(value)) {}
 
     ErrCode GetValue(T& value) const override
     {
@@ -71,6 +73,11 @@ public:
     static sptr<IValue<T, Iid>> Box(const T& value)
     {
         return sptr<IValue<T, Iid>>(new ValueBox(value));
+    }
+    // Takes the value over instead of copying it.
+    static sptr<IValue<T, Iid>> Box(T&& value)
+    {
+        return sptr<IValue<T, Iid>>(new ValueBox(std::move(value)));
     }
     static T Unbox(const IValue<T, Iid>* object)
     {

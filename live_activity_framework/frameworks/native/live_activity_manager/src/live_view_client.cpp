@@ -6,6 +6,7 @@
 #include <memory>
 #include <new>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app_event_report.h"
@@ -210,9 +211,9 @@ BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request
     }
     LiveViewParamConversion::ExternalDataParamConversion(liveView, extraInfo);
 
+    // The request already carries this content object: it is filled in place, not wrapped again.
     liveViewContent->SetExtraInfo(extraInfo);
-    liveViewContent->SetPicture(pictureMap);
-    SetLiveViewContent(request, liveViewContent);
+    liveViewContent->SetPicture(std::move(pictureMap));
     return BaseRsp();
 }
 
@@ -226,7 +227,6 @@ BaseRsp NavigationSubScribe(NotificationRequest& request)
                        "The notification liveView content is nullptr.");
     }
     liveViewContent->SetIsOnlyLocalUpdate(true);
-    SetLiveViewContent(request, liveViewContent);
     const int ret = NotificationHelper::SubscribeLocalLiveViewNotification(LiveViewSubscriber::GetInstance());
     const ErrorCode code = LiveViewErrorConversion::ReturnLiveViewError(ret);
     if (code != SUCCESS) {
@@ -441,8 +441,7 @@ BaseRsp UpdateLiveViewParamParse(const LiveView& liveView, NotificationRequest& 
     }
     if (info->isChanged) {
         liveViewContent->SetExtraInfo(info->extraInfo);
-        liveViewContent->SetPicture(info->pictureMap);
-        SetLiveViewContent(request, liveViewContent);
+        liveViewContent->SetPicture(std::move(info->pictureMap));
     }
     return BaseRsp();
 }

@@ -93,9 +93,10 @@ void WritePicturePair(WantParams& params, PictureMap& pictureMap, const std::str
 }
 
 // Resource strings as an Array of String under resKey; else the pixel maps under pictureKey and an
-// empty Array under resKey; nothing when both lists are empty.
+// empty Array under resKey; nothing when both lists are empty. Both lists are the getters' own
+// copies, so their elements are moved, not copied again.
 void WritePictureList(WantParams& params, PictureMap& pictureMap, const std::string& resKey,
-                      const std::string& pictureKey, const std::vector<std::string>& pictureStrs,
+                      const std::string& pictureKey, std::vector<std::string>&& pictureStrs,
                       std::vector<PixelMapPtr>&& pictures) {
     if (pictureStrs.empty() && pictures.empty()) {
         return;
@@ -108,7 +109,7 @@ void WritePictureList(WantParams& params, PictureMap& pictureMap, const std::str
     }
     if (!pictureStrs.empty()) {
         for (long i = 0; i < size; ++i) {
-            array->Set(i, AAFwk::String::Box(pictureStrs[static_cast<size_t>(i)]));
+            array->Set(i, AAFwk::String::Box(std::move(pictureStrs[static_cast<size_t>(i)])));
         }
     } else {
         pictureMap.try_emplace(pictureKey, std::move(pictures));
@@ -168,7 +169,7 @@ void WriteContentJson(WantParams& params, const std::string& key,
     }
     std::string json;
     BuildContentJson(json, content);
-    Write(params, key, json);
+    params.SetParam(key, AAFwk::String::Box(std::move(json)));
 }
 
 void TextCapsuleParamConversion(const std::shared_ptr<CapsuleData>& capsule, WantParams& params) {

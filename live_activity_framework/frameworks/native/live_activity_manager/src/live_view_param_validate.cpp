@@ -503,6 +503,10 @@ BaseRsp CheckRichText(const std::vector<std::shared_ptr<RichText>>& richTexts,
         if (color == nullptr) {
             continue;
         }
+        // The shared colour already passed the pattern: the same text needs no second match.
+        if (!sharedColor.empty() && *color == sharedColor) {
+            continue;
+        }
         if (CheckArgbHexColor(*color) != COLOR_VALID) {
             return Fail(RICH_TEXT_COLOR_INVALID);
         }

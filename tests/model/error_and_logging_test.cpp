@@ -14,8 +14,7 @@ namespace Wisp {
 namespace LiveView {
 namespace {
 
-TEST(ReturnLiveViewErrorTest, MapsEveryServiceErrorAndPassesPublicCodes)
-{
+TEST(ReturnLiveViewErrorTest, MapsEveryServiceErrorAndPassesPublicCodes) {
     struct Row {
         int input;
         int expected;
@@ -55,15 +54,13 @@ TEST(ReturnLiveViewErrorTest, MapsEveryServiceErrorAndPassesPublicCodes)
     EXPECT_EQ(ErrorMessage::ERROR_MAP.size(), 12u);
 }
 
-TEST(ErrorMessageTest, KeepsTheTextsWordForWord)
-{
+TEST(ErrorMessageTest, KeepsTheTextsWordForWord) {
     EXPECT_EQ(ErrorMessage::ERROR_MAP.at(ERR_CONNECT_SERVER), "Couldn't to connect server.");
     EXPECT_EQ(ErrorMessage::ERROR_MAP.at(ERR_LIVE_VIEW_NOT_EXIST), "The liveView does not exists.");
     EXPECT_EQ(ErrorMessage::ERROR_MAP.count(SUCCESS), 0u);
 }
 
-TEST(EventLevelMapTest, NamesAndTypesBothEvents)
-{
+TEST(EventLevelMapTest, NamesAndTypesBothEvents) {
     ASSERT_EQ(EVENT_LEVEL_MAP.size(), 2u);
     EXPECT_EQ(EVENT_LEVEL_MAP.at(INVOKE_LIVE_VIEW_SERVICE).name, "INVOKE_LIVE_VIEW_SERVICE");
     EXPECT_EQ(EVENT_LEVEL_MAP.at(INVOKE_LIVE_VIEW_SERVICE).type, 4);
@@ -71,8 +68,7 @@ TEST(EventLevelMapTest, NamesAndTypesBothEvents)
     EXPECT_EQ(EVENT_LEVEL_MAP.at(INVOKE_NOTIFICATION_ERROR).type, 1);
 }
 
-TEST(LiveViewSubscriberTest, EachNoticeWritesItsExactLine)
-{
+TEST(LiveViewSubscriberTest, EachNoticeWritesItsExactLine) {
     LiveViewTest::HostCapture capture;
     LiveViewSubscriber& subscriber = LiveViewSubscriber::GetInstance();
     subscriber.OnConnected();
@@ -84,7 +80,8 @@ TEST(LiveViewSubscriberTest, EachNoticeWritesItsExactLine)
     const std::vector<std::string> expected = {
         "[live_view_subscriber.cpp:14] OnConnected# LiveViewSubscriber OnConnected.",
         "[live_view_subscriber.cpp:19] OnDisconnected# LiveViewSubscriber OnDisconnected.",
-        "[live_view_subscriber.cpp:24] OnResponse# LiveViewSubscriber OnResponse, notificationId is 42",
+        "[live_view_subscriber.cpp:24] OnResponse# LiveViewSubscriber OnResponse, notificationId "
+        "is 42",
         "[live_view_subscriber.cpp:29] OnDied# LiveViewSubscriber OnDied.",
     };
     for (size_t i = 0; i < lines.size(); ++i) {
@@ -97,8 +94,7 @@ TEST(LiveViewSubscriberTest, EachNoticeWritesItsExactLine)
     }
 }
 
-TEST(LoggerTest, SourceNameKeepsOrAddsTheExtension)
-{
+TEST(LoggerTest, SourceNameKeepsOrAddsTheExtension) {
     EXPECT_EQ(Logger::SourceName(std::string("a/b/live_view_client")), "live_view_client.cpp");
     EXPECT_EQ(Logger::SourceName(std::string("live_view_client.cpp")), "live_view_client.cpp");
     EXPECT_STREQ(Logger::SourceName("x/y/z.cpp"), "z.cpp");

@@ -12,16 +12,14 @@ namespace LiveViewTest {
 
 class HostCapture {
 public:
-    HostCapture()
-    {
+    HostCapture() {
         Tavi::Host::ResetAll();
         Tavi::Host::SetAllModes(Tavi::Host::SinkMode::CAPTURE);
     }
     ~HostCapture() { Tavi::Host::ResetAll(); }
 
     // The texts of the log lines written since the last call.
-    std::vector<std::string> LogTexts()
-    {
+    std::vector<std::string> LogTexts() {
         std::vector<std::string> texts;
         for (const auto& line : Tavi::Host::TakeLogLines()) {
             texts.push_back(line.text);

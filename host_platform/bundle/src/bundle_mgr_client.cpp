@@ -5,8 +5,7 @@
 namespace Tavi {
 namespace AppExecFwk {
 
-bool BundleMgrClient::GetNameForUid(int32_t uid, std::string& bundleName) const
-{
+bool BundleMgrClient::GetNameForUid(int32_t uid, std::string& bundleName) const {
     return Host::Identity::BundleNameForUid(uid, bundleName);
 }
 

@@ -58,7 +58,8 @@ std::vector<HeldLiveView> HeldLiveViews();
 
 // Presses a button of an app's live view: the app's subscribers hear OnResponse. Answers
 // ERR_ANS_NOTIFICATION_NOT_EXISTS when the app holds no live view under id.
-int32_t PressButton(const std::string& bundleName, int32_t uid, int32_t id, const std::string& buttonName);
+int32_t PressButton(const std::string& bundleName, int32_t uid, int32_t id,
+                    const std::string& buttonName);
 
 // The service dies: every subscriber hears OnDied and is forgotten, every live view is lost. The
 // next call meets a fresh service; slot switches and faults are kept.

@@ -30,15 +30,17 @@ struct Param {
 class Event {
 public:
     Event(std::string domain, std::string name, EventType type)
-        : domain_(std::move(domain)), name_(std::move(name)), type_(type)
-    {
-    }
+        : domain_(std::move(domain)), name_(std::move(name)), type_(type) {}
 
-    void AddParam(const std::string& key, const std::string& value) { params_.push_back({key, value}); }
+    void AddParam(const std::string& key, const std::string& value) {
+        params_.push_back({key, value});
+    }
     void AddParam(const std::string& key, const char* value) { AddParam(key, std::string(value)); }
     void AddParam(const std::string& key, int32_t value) { AddParam(key, std::to_string(value)); }
     void AddParam(const std::string& key, int64_t value) { AddParam(key, std::to_string(value)); }
-    void AddParam(const std::string& key, bool value) { AddParam(key, std::string(value ? "true" : "false")); }
+    void AddParam(const std::string& key, bool value) {
+        AddParam(key, std::string(value ? "true" : "false"));
+    }
 
     const std::string& GetDomain() const { return domain_; }
     const std::string& GetName() const { return name_; }

@@ -6,8 +6,7 @@ namespace Tavi {
 namespace Host {
 
 namespace {
-std::string FormatAppEvent(const HiviewDFX::HiAppEvent::Event& event)
-{
+std::string FormatAppEvent(const HiviewDFX::HiAppEvent::Event& event) {
     std::string line = "appevent " + event.GetDomain() + "/" + event.GetName() +
                        " type=" + std::to_string(static_cast<int>(event.GetType()));
     for (const auto& param : event.GetParams()) {
@@ -17,8 +16,7 @@ std::string FormatAppEvent(const HiviewDFX::HiAppEvent::Event& event)
 }
 }  // namespace
 
-RecordSink<HiviewDFX::HiAppEvent::Event>& AppEventSink()
-{
+RecordSink<HiviewDFX::HiAppEvent::Event>& AppEventSink() {
     static RecordSink<HiviewDFX::HiAppEvent::Event> sink(FormatAppEvent);
     return sink;
 }
@@ -28,8 +26,7 @@ RecordSink<HiviewDFX::HiAppEvent::Event>& AppEventSink()
 namespace HiviewDFX {
 namespace HiAppEvent {
 
-int Write(const Event& event)
-{
+int Write(const Event& event) {
     if (event.GetDomain().empty() || event.GetName().empty()) {
         return -1;
     }

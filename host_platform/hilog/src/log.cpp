@@ -10,8 +10,7 @@
 
 namespace {
 
-char LevelLetter(int level)
-{
+char LevelLetter(int level) {
     switch (level) {
         case LOG_DEBUG:
             return 'D';
@@ -28,16 +27,14 @@ char LevelLetter(int level)
     }
 }
 
-std::string FormatLine(const Tavi::Host::LogLine& line)
-{
+std::string FormatLine(const Tavi::Host::LogLine& line) {
     char head[64];
     std::snprintf(head, sizeof(head), "%c %05X/", LevelLetter(line.level), line.domain & 0xFFFFF);
     return head + line.tag + ": " + line.text;
 }
 
 template <typename T>
-void AppendValue(std::string& out, const std::string& spec, T value)
-{
+void AppendValue(std::string& out, const std::string& spec, T value) {
     char buffer[128];
     int n = std::snprintf(buffer, sizeof(buffer), spec.c_str(), value);
     if (n < 0) {
@@ -53,8 +50,7 @@ void AppendValue(std::string& out, const std::string& spec, T value)
 }
 
 // Formats one conversion starting at fmt[i] == '%'; returns the index after it.
-size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& out)
-{
+size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& out) {
     ++i;
     if (fmt[i] == '%') {
         out.push_back('%');
@@ -155,8 +151,7 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
 namespace Tavi {
 namespace Host {
 
-RecordSink<LogLine>& LogSink()
-{
+RecordSink<LogLine>& LogSink() {
     static RecordSink<LogLine> sink(FormatLine);
     return sink;
 }
@@ -165,8 +160,7 @@ RecordSink<LogLine>& LogSink()
 }  // namespace Tavi
 
 extern "C" int HiLogPrintArgs(LogType type, LogLevel level, unsigned int domain, const char* tag,
-                              const char* fmt, va_list args)
-{
+                              const char* fmt, va_list args) {
     if (fmt == nullptr || tag == nullptr) {
         return -1;
     }
@@ -187,8 +181,7 @@ extern "C" int HiLogPrintArgs(LogType type, LogLevel level, unsigned int domain,
 }
 
 extern "C" int HiLogPrint(LogType type, LogLevel level, unsigned int domain, const char* tag,
-                          const char* fmt, ...)
-{
+                          const char* fmt, ...) {
     va_list args;
     va_start(args, fmt);
     int n = HiLogPrintArgs(type, level, domain, tag, fmt, args);

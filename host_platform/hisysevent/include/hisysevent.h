@@ -27,15 +27,16 @@ public:
     struct Param {
         std::string key;
         std::string value;
-        bool operator==(const Param& other) const { return key == other.key && value == other.value; }
+        bool operator==(const Param& other) const {
+            return key == other.key && value == other.value;
+        }
     };
 
     // Writes an event whose parameters are given as key, value, key, value, ...; a value may be a
     // text, a number or a flag. Returns 0, or -1 when domain or eventName is empty.
     template <typename... KeyValues>
     static int Write(const std::string& domain, const std::string& eventName, EventType type,
-                     KeyValues&&... keyValues)
-    {
+                     KeyValues&&... keyValues) {
         static_assert(sizeof...(KeyValues) % 2 == 0, "parameters come as key, value pairs");
         std::vector<Param> params;
         params.reserve(sizeof...(KeyValues) / 2);
@@ -49,8 +50,7 @@ public:
 private:
     static void Collect(std::vector<Param>&) {}
     template <typename K, typename V, typename... Rest>
-    static void Collect(std::vector<Param>& params, K&& key, V&& value, Rest&&... rest)
-    {
+    static void Collect(std::vector<Param>& params, K&& key, V&& value, Rest&&... rest) {
         params.push_back({std::string(std::forward<K>(key)), ToText(std::forward<V>(value))});
         Collect(params, std::forward<Rest>(rest)...);
     }
@@ -58,8 +58,7 @@ private:
     static std::string ToText(const char* value) { return value == nullptr ? "" : value; }
     static std::string ToText(bool value) { return value ? "true" : "false"; }
     template <typename T, typename = std::enable_if_t<std::is_arithmetic<std::decay_t<T>>::value>>
-    static std::string ToText(T value)
-    {
+    static std::string ToText(T value) {
         return std::to_string(value);
     }
 };

@@ -17,8 +17,7 @@ struct SysEvent {
     int type = 0;
     std::vector<HiviewDFX::HiSysEvent::Param> params;
     // The value of key, or "" when the event has no such parameter.
-    std::string Get(const std::string& key) const
-    {
+    std::string Get(const std::string& key) const {
         for (const auto& param : params) {
             if (param.key == key) {
                 return param.value;

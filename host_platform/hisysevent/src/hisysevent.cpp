@@ -6,9 +6,9 @@ namespace Tavi {
 namespace Host {
 
 namespace {
-std::string FormatSysEvent(const SysEvent& event)
-{
-    std::string line = "sysevent " + event.domain + "/" + event.name + " type=" + std::to_string(event.type);
+std::string FormatSysEvent(const SysEvent& event) {
+    std::string line =
+        "sysevent " + event.domain + "/" + event.name + " type=" + std::to_string(event.type);
     for (const auto& param : event.params) {
         line += " " + param.key + "=" + param.value;
     }
@@ -16,8 +16,7 @@ std::string FormatSysEvent(const SysEvent& event)
 }
 }  // namespace
 
-RecordSink<SysEvent>& SysEventSink()
-{
+RecordSink<SysEvent>& SysEventSink() {
     static RecordSink<SysEvent> sink(FormatSysEvent);
     return sink;
 }
@@ -27,8 +26,7 @@ RecordSink<SysEvent>& SysEventSink()
 namespace HiviewDFX {
 
 int HiSysEvent::WriteParams(const std::string& domain, const std::string& eventName, EventType type,
-                            std::vector<Param> params)
-{
+                            std::vector<Param> params) {
     if (domain.empty() || eventName.empty()) {
         return -1;
     }

@@ -14,38 +14,33 @@ struct State {
     std::map<int32_t, std::string> names;
 };
 
-State& GetState()
-{
+State& GetState() {
     static State state;
     return state;
 }
 }  // namespace
 
-void SetCallingApp(const std::string& bundleName, int32_t uid)
-{
+void SetCallingApp(const std::string& bundleName, int32_t uid) {
     State& state = GetState();
     std::lock_guard<std::mutex> lock(state.mutex);
     state.uid = uid;
     state.names[uid] = bundleName;
 }
 
-void Clear()
-{
+void Clear() {
     State& state = GetState();
     std::lock_guard<std::mutex> lock(state.mutex);
     state.uid = -1;
     state.names.clear();
 }
 
-int32_t CallingUid()
-{
+int32_t CallingUid() {
     State& state = GetState();
     std::lock_guard<std::mutex> lock(state.mutex);
     return state.uid;
 }
 
-bool BundleNameForUid(int32_t uid, std::string& bundleName)
-{
+bool BundleNameForUid(int32_t uid, std::string& bundleName) {
     State& state = GetState();
     std::lock_guard<std::mutex> lock(state.mutex);
     auto it = state.names.find(uid);

@@ -6,8 +6,12 @@
 
 namespace Tavi {
 
-int32_t IPCSkeleton::GetCallingUid() { return Host::Identity::CallingUid(); }
+int32_t IPCSkeleton::GetCallingUid() {
+    return Host::Identity::CallingUid();
+}
 
-int32_t IPCSkeleton::GetCallingPid() { return static_cast<int32_t>(getpid()); }
+int32_t IPCSkeleton::GetCallingPid() {
+    return static_cast<int32_t>(getpid());
+}
 
 }  // namespace Tavi

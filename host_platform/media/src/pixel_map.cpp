@@ -6,8 +6,7 @@
 namespace Tavi {
 namespace Media {
 
-int32_t PixelMap::BytesPerPixel(PixelFormat format)
-{
+int32_t PixelMap::BytesPerPixel(PixelFormat format) {
     switch (format) {
         case PixelFormat::ALPHA_8:
             return 1;
@@ -23,20 +22,16 @@ int32_t PixelMap::BytesPerPixel(PixelFormat format)
 }
 
 PixelMap::PixelMap(int32_t width, int32_t height, PixelFormat format)
-    : width_(width), height_(height), format_(format)
-{
-}
+    : width_(width), height_(height), format_(format) {}
 
 PixelMap::PixelMap(const PixelMap& other)
-    : width_(other.width_), height_(other.height_), format_(other.format_)
-{
+    : width_(other.width_), height_(other.height_), format_(other.format_) {
     if (!other.pixels_.empty()) {
         std::call_once(allocated_, [this, &other] { pixels_ = other.pixels_; });
     }
 }
 
-std::unique_ptr<PixelMap> PixelMap::Create(const InitializationOptions& options)
-{
+std::unique_ptr<PixelMap> PixelMap::Create(const InitializationOptions& options) {
     const int64_t bytes = BytesPerPixel(options.pixelFormat);
     const int64_t width = options.size.width;
     const int64_t height = options.size.height;
@@ -50,8 +45,7 @@ std::unique_ptr<PixelMap> PixelMap::Create(const InitializationOptions& options)
 }
 
 std::unique_ptr<PixelMap> PixelMap::Create(const uint32_t* colors, uint32_t colorLength,
-                                           const InitializationOptions& options)
-{
+                                           const InitializationOptions& options) {
     auto map = Create(options);
     if (map == nullptr || colors == nullptr ||
         static_cast<int64_t>(colorLength) < static_cast<int64_t>(map->width_) * map->height_) {
@@ -70,7 +64,8 @@ std::unique_ptr<PixelMap> PixelMap::Create(const uint32_t* colors, uint32_t colo
                 out[i] = a;
                 break;
             case PixelFormat::RGB_565: {
-                const uint16_t v = static_cast<uint16_t>(((r >> 3) << 11) | ((g >> 2) << 5) | (b >> 3));
+                const uint16_t v =
+                    static_cast<uint16_t>(((r >> 3) << 11) | ((g >> 2) << 5) | (b >> 3));
                 std::memcpy(out + 2 * i, &v, 2);
                 break;
             }
@@ -94,10 +89,11 @@ std::unique_ptr<PixelMap> PixelMap::Create(const uint32_t* colors, uint32_t colo
     return map;
 }
 
-int32_t PixelMap::GetPixelBytes() const { return BytesPerPixel(format_); }
+int32_t PixelMap::GetPixelBytes() const {
+    return BytesPerPixel(format_);
+}
 
-void PixelMap::Allocate() const
-{
+void PixelMap::Allocate() const {
     std::call_once(allocated_, [this] {
         if (pixels_.empty()) {
             pixels_.assign(static_cast<size_t>(GetByteCount()), 0);
@@ -105,14 +101,12 @@ void PixelMap::Allocate() const
     });
 }
 
-const uint8_t* PixelMap::GetPixels() const
-{
+const uint8_t* PixelMap::GetPixels() const {
     Allocate();
     return pixels_.data();
 }
 
-uint8_t* PixelMap::GetWritablePixels()
-{
+uint8_t* PixelMap::GetWritablePixels() {
     Allocate();
     return pixels_.data();
 }

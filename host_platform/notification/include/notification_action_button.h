@@ -41,16 +41,18 @@ public:
         ActionButton semanticActionButton = ActionButton::NONE_ACTION_BUTTON,
         bool autoCreatedReplies = true,
         const std::vector<std::shared_ptr<NotificationUserInput>>& mimeTypeOnlyInputs = {},
-        const std::shared_ptr<NotificationUserInput>& userInput = {}, bool isContextDependent = false);
+        const std::shared_ptr<NotificationUserInput>& userInput = {},
+        bool isContextDependent = false);
 
     std::shared_ptr<Media::PixelMap> GetIcon() const { return icon_; }
     std::string GetTitle() const { return title_; }
-    std::shared_ptr<AbilityRuntime::WantAgent::WantAgent> GetWantAgent() const { return wantAgent_; }
+    std::shared_ptr<AbilityRuntime::WantAgent::WantAgent> GetWantAgent() const {
+        return wantAgent_;
+    }
     std::shared_ptr<AAFwk::WantParams> GetAdditionalData() const { return extras_; }
     ActionButton GetSemanticActionButton() const { return semantic_; }
     bool IsAutoCreatedReplies() const { return autoCreatedReplies_; }
-    std::vector<std::shared_ptr<NotificationUserInput>> GetMimeTypeOnlyUserInputs() const
-    {
+    std::vector<std::shared_ptr<NotificationUserInput>> GetMimeTypeOnlyUserInputs() const {
         return mimeTypeOnlyInputs_;
     }
     std::shared_ptr<NotificationUserInput> GetUserInput() const { return userInput_; }

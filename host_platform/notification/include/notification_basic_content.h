@@ -21,7 +21,9 @@ public:
     virtual void SetText(const std::string& text) { text_ = text; }
     virtual std::string GetText() const { return text_; }
     // The one picture of the content shown when it is displayed full screen; may be null.
-    virtual void SetSinglePicture(const std::shared_ptr<Media::PixelMap>& picture) { picture_ = picture; }
+    virtual void SetSinglePicture(const std::shared_ptr<Media::PixelMap>& picture) {
+        picture_ = picture;
+    }
     virtual std::shared_ptr<Media::PixelMap> GetSinglePicture() const { return picture_; }
 
     // A copy that shares nothing mutable with this content (pictures are copied too).

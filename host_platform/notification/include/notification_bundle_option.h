@@ -11,7 +11,8 @@ namespace Notification {
 class NotificationBundleOption {
 public:
     NotificationBundleOption() = default;
-    NotificationBundleOption(const std::string& bundleName, int32_t uid) : bundleName_(bundleName), uid_(uid) {}
+    NotificationBundleOption(const std::string& bundleName, int32_t uid)
+        : bundleName_(bundleName), uid_(uid) {}
     virtual ~NotificationBundleOption() = default;
 
     void SetBundleName(const std::string& bundleName) { bundleName_ = bundleName; }

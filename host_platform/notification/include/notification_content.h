@@ -20,7 +20,8 @@ public:
     };
 
     // A live view content; a null liveViewContent gives a content of type NONE.
-    explicit NotificationContent(const std::shared_ptr<NotificationLiveViewContent>& liveViewContent);
+    explicit NotificationContent(
+        const std::shared_ptr<NotificationLiveViewContent>& liveViewContent);
     virtual ~NotificationContent() = default;
 
     Type GetContentType() const { return type_; }

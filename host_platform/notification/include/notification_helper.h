@@ -28,16 +28,20 @@ public:
     // Keeps subscriber (not owned: it must outlive the service's use of it, e.g. have static
     // lifetime) for the calling app and tells it OnConnected. Subscribing the same object again
     // keeps one registration. A null subscriber gives ERR_ANS_INVALID_PARAM.
-    static ErrCode SubscribeLocalLiveViewNotification(NotificationLocalLiveViewSubscriber& subscriber);
-    static ErrCode SubscribeLocalLiveViewNotification(NotificationLocalLiveViewSubscriber* subscriber);
+    static ErrCode SubscribeLocalLiveViewNotification(
+        NotificationLocalLiveViewSubscriber& subscriber);
+    static ErrCode SubscribeLocalLiveViewNotification(
+        NotificationLocalLiveViewSubscriber* subscriber);
 
     // Fills request with a copy of the live view filter.notificationKey.id of the app that
     // filter.bundle names, holding only filter.extraInfoKeys of its extra information (all when
     // the list is empty). request is left alone on failure.
-    static ErrCode GetActiveNotificationByFilter(const LiveViewFilter& filter, sptr<NotificationRequest>& request);
+    static ErrCode GetActiveNotificationByFilter(const LiveViewFilter& filter,
+                                                 sptr<NotificationRequest>& request);
 
     // Whether the calling app's slot of slotType is enabled.
-    static ErrCode GetEnabledForBundleSlotSelf(const NotificationConstant::SlotType& slotType, bool& enabled);
+    static ErrCode GetEnabledForBundleSlotSelf(const NotificationConstant::SlotType& slotType,
+                                               bool& enabled);
 };
 
 }  // namespace Notification

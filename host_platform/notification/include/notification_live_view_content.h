@@ -42,7 +42,9 @@ public:
     // MAX_VERSION when no version was set.
     uint32_t GetVersion() const { return version_; }
     // Shared with the caller; may be null.
-    void SetExtraInfo(const std::shared_ptr<AAFwk::WantParams>& extraInfo) { extraInfo_ = extraInfo; }
+    void SetExtraInfo(const std::shared_ptr<AAFwk::WantParams>& extraInfo) {
+        extraInfo_ = extraInfo;
+    }
     std::shared_ptr<AAFwk::WantParams> GetExtraInfo() const { return extraInfo_; }
     void SetPicture(const PictureMap& pictureMap) { pictureMap_ = pictureMap; }
     // Takes the map over instead of copying it.

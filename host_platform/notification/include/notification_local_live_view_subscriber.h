@@ -22,7 +22,8 @@ public:
     virtual void OnConnected() = 0;
     virtual void OnDisconnected() = 0;
     // A button of the live view notificationId was pressed; buttonOption names it.
-    virtual void OnResponse(int32_t notificationId, sptr<NotificationButtonOption> buttonOption) = 0;
+    virtual void OnResponse(int32_t notificationId,
+                            sptr<NotificationButtonOption> buttonOption) = 0;
     virtual void OnDied() = 0;
 };
 

@@ -38,14 +38,20 @@ public:
     void SetAutoDeletedTime(int64_t autoDeletedTime) { autoDeletedTime_ = autoDeletedTime; }
     int64_t GetAutoDeletedTime() const { return autoDeletedTime_; }
     // What a tap on the notification starts; may be null.
-    void SetWantAgent(const std::shared_ptr<AbilityRuntime::WantAgent::WantAgent>& wantAgent) { wantAgent_ = wantAgent; }
-    std::shared_ptr<AbilityRuntime::WantAgent::WantAgent> GetWantAgent() const { return wantAgent_; }
+    void SetWantAgent(const std::shared_ptr<AbilityRuntime::WantAgent::WantAgent>& wantAgent) {
+        wantAgent_ = wantAgent;
+    }
+    std::shared_ptr<AbilityRuntime::WantAgent::WantAgent> GetWantAgent() const {
+        return wantAgent_;
+    }
     // Shared with the caller; may be null.
     void SetContent(const std::shared_ptr<NotificationContent>& content) { content_ = content; }
     std::shared_ptr<NotificationContent> GetContent() const { return content_; }
     // A null button is ignored.
     void AddActionButton(const std::shared_ptr<NotificationActionButton>& button);
-    std::vector<std::shared_ptr<NotificationActionButton>> GetActionButtons() const { return actionButtons_; }
+    std::vector<std::shared_ptr<NotificationActionButton>> GetActionButtons() const {
+        return actionButtons_;
+    }
     void ClearActionButtons() { actionButtons_.clear(); }
     // True when the request's buttons replace whatever the notification showed before.
     void SetIsCoverActionButtons(bool isCover) { isCoverActionButtons_ = isCover; }

@@ -14,8 +14,8 @@
 #include <map>
 #include <mutex>
 #include <set>
-#include <tuple>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -35,11 +35,12 @@ enum class ServiceCall {
 struct AppId {
     std::string bundleName;
     int32_t uid = -1;
-    bool operator<(const AppId& other) const
-    {
+    bool operator<(const AppId& other) const {
         return std::tie(bundleName, uid) < std::tie(other.bundleName, other.uid);
     }
-    bool operator==(const AppId& other) const { return bundleName == other.bundleName && uid == other.uid; }
+    bool operator==(const AppId& other) const {
+        return bundleName == other.bundleName && uid == other.uid;
+    }
 };
 
 // One call of PublishNotification, accepted or not.
@@ -66,7 +67,8 @@ public:
     Notification::ErrCode Subscribe(Notification::NotificationLocalLiveViewSubscriber* subscriber);
     Notification::ErrCode GetActive(const Notification::LiveViewFilter& filter,
                                     sptr<Notification::NotificationRequest>& request);
-    Notification::ErrCode GetEnabled(const Notification::NotificationConstant::SlotType& slotType, bool& enabled);
+    Notification::ErrCode GetEnabled(const Notification::NotificationConstant::SlotType& slotType,
+                                     bool& enabled);
 
     // Controls.
     void Reset();
@@ -107,9 +109,11 @@ private:
     // Marks a stored live view ended at now and files it under its expiry, if it has one.
     void EndLocked(const AppId& app, int32_t id, Stored& stored, int64_t now);
     void ForgetExpiryLocked(const AppId& app, int32_t id, const Stored& stored);
-    Notification::ErrCode PublishLocked(const AppId& app, const Notification::NotificationRequest& request,
+    Notification::ErrCode PublishLocked(const AppId& app,
+                                        const Notification::NotificationRequest& request,
                                         int64_t now);
-    void Record(const AppId& app, const Notification::NotificationRequest& request, int32_t result, int64_t now);
+    void Record(const AppId& app, const Notification::NotificationRequest& request, int32_t result,
+                int64_t now);
 
     std::mutex mutex_;
     std::map<AppId, std::map<int32_t, Stored>> liveViews_;

@@ -3,15 +3,13 @@
 namespace Tavi {
 namespace Notification {
 
-void NotificationRequest::AddActionButton(const std::shared_ptr<NotificationActionButton>& button)
-{
+void NotificationRequest::AddActionButton(const std::shared_ptr<NotificationActionButton>& button) {
     if (button != nullptr) {
         actionButtons_.push_back(button);
     }
 }
 
-sptr<NotificationRequest> NotificationRequest::Clone() const
-{
+sptr<NotificationRequest> NotificationRequest::Clone() const {
     sptr<NotificationRequest> copy(new NotificationRequest(*this));
     if (content_ != nullptr) {
         auto inner = content_->GetNotificationContent();

@@ -18,20 +18,19 @@ namespace {
 constexpr int64_t RATE_WINDOW_MILLIS = 1000;
 constexpr int64_t MILLIS_PER_SECOND = 1000;
 
-std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(const NotificationRequest& request)
-{
+std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(const NotificationRequest& request) {
     auto content = request.GetContent();
     if (content == nullptr) {
         return nullptr;
     }
-    return std::dynamic_pointer_cast<NotificationLiveViewContent>(content->GetNotificationContent());
+    return std::dynamic_pointer_cast<NotificationLiveViewContent>(
+        content->GetNotificationContent());
 }
 
 // Folds the fields that an update or end carries into what the service holds: new extra-info
 // keys and pictures replace old ones of the same key, everything else the update leaves unset
 // is kept.
-void MergeInto(NotificationRequest& stored, const NotificationRequest& update)
-{
+void MergeInto(NotificationRequest& stored, const NotificationRequest& update) {
     auto storedContent = LiveViewContentOf(stored);
     auto updateContent = LiveViewContentOf(update);
     if (updateContent->GetExtraInfo() != nullptr) {
@@ -78,8 +77,8 @@ void MergeInto(NotificationRequest& stored, const NotificationRequest& update)
 
 // A copy of what the service holds, as a reader gets it: with only the asked extra-info keys when
 // keys is not empty. The keys that are not asked for are not copied at all.
-sptr<NotificationRequest> CopyForReader(NotificationRequest& stored, const std::vector<std::string>& keys)
-{
+sptr<NotificationRequest> CopyForReader(NotificationRequest& stored,
+                                        const std::vector<std::string>& keys) {
     auto content = LiveViewContentOf(stored);
     if (keys.empty() || content == nullptr || content->GetExtraInfo() == nullptr) {
         return stored.Clone();
@@ -108,28 +107,26 @@ sptr<NotificationRequest> CopyForReader(NotificationRequest& stored, const std::
 // auto-deleted time; a negative time keeps it. With whole seconds counted down, that is the first
 // clock reading endedAt + keepSeconds * 1000; false when that reading does not fit in 64 bits, as
 // the clock never gets there.
-bool ExpiryMillis(int64_t keepSeconds, int64_t endedAt, int64_t& expiresAt)
-{
+bool ExpiryMillis(int64_t keepSeconds, int64_t endedAt, int64_t& expiresAt) {
     int64_t keepMillis = 0;
-    return keepSeconds >= 0 && !__builtin_mul_overflow(keepSeconds, MILLIS_PER_SECOND, &keepMillis) &&
+    return keepSeconds >= 0 &&
+           !__builtin_mul_overflow(keepSeconds, MILLIS_PER_SECOND, &keepMillis) &&
            !__builtin_add_overflow(endedAt, keepMillis, &expiresAt);
 }
 }  // namespace
 
-NotificationService& NotificationService::Instance()
-{
-    static NotificationService* service = new NotificationService();  // never destroyed: used at exit
+NotificationService& NotificationService::Instance() {
+    static NotificationService* service =
+        new NotificationService();  // never destroyed: used at exit
     return *service;
 }
 
-bool NotificationService::CallerApp(AppId& app) const
-{
+bool NotificationService::CallerApp(AppId& app) const {
     app.uid = IPCSkeleton::GetCallingUid();
     return AppExecFwk::BundleMgrClient().GetNameForUid(app.uid, app.bundleName);
 }
 
-bool NotificationService::TakeFault(ServiceCall call, int32_t& errorNumber)
-{
+bool NotificationService::TakeFault(ServiceCall call, int32_t& errorNumber) {
     auto it = faults_.find(call);
     if (it == faults_.end()) {
         return false;
@@ -141,8 +138,7 @@ bool NotificationService::TakeFault(ServiceCall call, int32_t& errorNumber)
     return true;
 }
 
-int64_t NotificationService::NowLocked() const
-{
+int64_t NotificationService::NowLocked() const {
     if (manualClock_) {
         return manualMillis_;
     }
@@ -150,8 +146,7 @@ int64_t NotificationService::NowLocked() const
     return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
-void NotificationService::PurgeExpiredLocked(int64_t now)
-{
+void NotificationService::PurgeExpiredLocked(int64_t now) {
     while (!expiries_.empty() && std::get<0>(*expiries_.begin()) <= now) {
         const AppId& app = std::get<1>(*expiries_.begin());
         auto appIt = liveViews_.find(app);
@@ -165,42 +160,41 @@ void NotificationService::PurgeExpiredLocked(int64_t now)
     }
 }
 
-void NotificationService::EndLocked(const AppId& app, int32_t id, Stored& stored, int64_t now)
-{
+void NotificationService::EndLocked(const AppId& app, int32_t id, Stored& stored, int64_t now) {
     stored.ended = true;
     stored.endedAtMillis = now;
-    stored.expires = ExpiryMillis(stored.request->GetAutoDeletedTime(), now, stored.expiresAtMillis);
+    stored.expires =
+        ExpiryMillis(stored.request->GetAutoDeletedTime(), now, stored.expiresAtMillis);
     if (stored.expires) {
         expiries_.emplace(stored.expiresAtMillis, app, id);
     }
 }
 
-void NotificationService::ForgetExpiryLocked(const AppId& app, int32_t id, const Stored& stored)
-{
+void NotificationService::ForgetExpiryLocked(const AppId& app, int32_t id, const Stored& stored) {
     if (stored.expires) {
         expiries_.erase(ExpiryKey(stored.expiresAtMillis, app, id));
     }
 }
 
-void NotificationService::Record(const AppId& app, const NotificationRequest& request, int32_t result, int64_t now)
-{
+void NotificationService::Record(const AppId& app, const NotificationRequest& request,
+                                 int32_t result, int64_t now) {
     if (recordPublishes_) {
         published_.push_back({app, request.Clone(), result, now});
     }
 }
 
-ErrCode NotificationService::Publish(const NotificationRequest& request)
-{
+ErrCode NotificationService::Publish(const NotificationRequest& request) {
     AppId app;
     std::lock_guard<std::mutex> lock(mutex_);
     const int64_t now = NowLocked();
-    ErrCode result = CallerApp(app) ? PublishLocked(app, request, now) : Notification::ERR_ANS_INVALID_PARAM;
+    ErrCode result =
+        CallerApp(app) ? PublishLocked(app, request, now) : Notification::ERR_ANS_INVALID_PARAM;
     Record(app, request, result, now);
     return result;
 }
 
-ErrCode NotificationService::PublishLocked(const AppId& app, const NotificationRequest& request, int64_t now)
-{
+ErrCode NotificationService::PublishLocked(const AppId& app, const NotificationRequest& request,
+                                           int64_t now) {
     int32_t injected = 0;
     if (TakeFault(ServiceCall::PUBLISH, injected)) {
         return injected;
@@ -262,8 +256,8 @@ ErrCode NotificationService::PublishLocked(const AppId& app, const NotificationR
     return Notification::ERR_OK;
 }
 
-ErrCode NotificationService::Subscribe(Notification::NotificationLocalLiveViewSubscriber* subscriber)
-{
+ErrCode NotificationService::Subscribe(
+    Notification::NotificationLocalLiveViewSubscriber* subscriber) {
     {
         std::lock_guard<std::mutex> lock(mutex_);
         int32_t injected = 0;
@@ -284,8 +278,7 @@ ErrCode NotificationService::Subscribe(Notification::NotificationLocalLiveViewSu
 }
 
 ErrCode NotificationService::GetActive(const Notification::LiveViewFilter& filter,
-                                       sptr<NotificationRequest>& request)
-{
+                                       sptr<NotificationRequest>& request) {
     std::lock_guard<std::mutex> lock(mutex_);
     int32_t injected = 0;
     if (TakeFault(ServiceCall::GET_ACTIVE, injected)) {
@@ -315,8 +308,8 @@ ErrCode NotificationService::GetActive(const Notification::LiveViewFilter& filte
     return Notification::ERR_OK;
 }
 
-ErrCode NotificationService::GetEnabled(const Notification::NotificationConstant::SlotType& slotType, bool& enabled)
-{
+ErrCode NotificationService::GetEnabled(
+    const Notification::NotificationConstant::SlotType& slotType, bool& enabled) {
     std::lock_guard<std::mutex> lock(mutex_);
     int32_t injected = 0;
     if (TakeFault(ServiceCall::GET_ENABLED, injected)) {
@@ -334,8 +327,7 @@ ErrCode NotificationService::GetEnabled(const Notification::NotificationConstant
     return Notification::ERR_OK;
 }
 
-void NotificationService::Reset()
-{
+void NotificationService::Reset() {
     std::lock_guard<std::mutex> lock(mutex_);
     liveViews_.clear();
     expiries_.clear();
@@ -350,14 +342,12 @@ void NotificationService::Reset()
     manualMillis_ = 0;
 }
 
-void NotificationService::SetSlotEnabled(const AppId& app, bool enabled)
-{
+void NotificationService::SetSlotEnabled(const AppId& app, bool enabled) {
     std::lock_guard<std::mutex> lock(mutex_);
     slotEnabled_[app] = enabled;
 }
 
-void NotificationService::FailNext(ServiceCall call, int32_t errorNumber, int times)
-{
+void NotificationService::FailNext(ServiceCall call, int32_t errorNumber, int times) {
     std::lock_guard<std::mutex> lock(mutex_);
     if (times <= 0) {
         faults_.erase(call);
@@ -366,21 +356,18 @@ void NotificationService::FailNext(ServiceCall call, int32_t errorNumber, int ti
     }
 }
 
-void NotificationService::SetRateLimit(int perSecond)
-{
+void NotificationService::SetRateLimit(int perSecond) {
     std::lock_guard<std::mutex> lock(mutex_);
     rateLimit_ = perSecond;
 }
 
-void NotificationService::SetClockMillis(int64_t millis)
-{
+void NotificationService::SetClockMillis(int64_t millis) {
     std::lock_guard<std::mutex> lock(mutex_);
     manualClock_ = true;
     manualMillis_ = millis;
 }
 
-void NotificationService::AdvanceClock(int64_t millis)
-{
+void NotificationService::AdvanceClock(int64_t millis) {
     std::lock_guard<std::mutex> lock(mutex_);
     if (!manualClock_) {
         manualMillis_ = NowLocked();
@@ -389,20 +376,17 @@ void NotificationService::AdvanceClock(int64_t millis)
     manualMillis_ += millis;
 }
 
-void NotificationService::UseRealClock()
-{
+void NotificationService::UseRealClock() {
     std::lock_guard<std::mutex> lock(mutex_);
     manualClock_ = false;
 }
 
-int64_t NotificationService::ClockMillis()
-{
+int64_t NotificationService::ClockMillis() {
     std::lock_guard<std::mutex> lock(mutex_);
     return NowLocked();
 }
 
-void NotificationService::SetPublishRecording(bool enabled)
-{
+void NotificationService::SetPublishRecording(bool enabled) {
     std::lock_guard<std::mutex> lock(mutex_);
     recordPublishes_ = enabled;
     if (!enabled) {
@@ -410,14 +394,12 @@ void NotificationService::SetPublishRecording(bool enabled)
     }
 }
 
-std::vector<PublishRecord> NotificationService::Published()
-{
+std::vector<PublishRecord> NotificationService::Published() {
     std::lock_guard<std::mutex> lock(mutex_);
     return published_;
 }
 
-std::vector<HeldLiveView> NotificationService::Held()
-{
+std::vector<HeldLiveView> NotificationService::Held() {
     std::lock_guard<std::mutex> lock(mutex_);
     PurgeExpiredLocked(NowLocked());
     std::vector<HeldLiveView> out;
@@ -429,8 +411,8 @@ std::vector<HeldLiveView> NotificationService::Held()
     return out;
 }
 
-ErrCode NotificationService::PressButton(const AppId& app, int32_t id, const std::string& buttonName)
-{
+ErrCode NotificationService::PressButton(const AppId& app, int32_t id,
+                                         const std::string& buttonName) {
     std::vector<Subscriber> listeners;
     {
         std::lock_guard<std::mutex> lock(mutex_);
@@ -445,14 +427,13 @@ ErrCode NotificationService::PressButton(const AppId& app, int32_t id, const std
         }
     }
     for (Subscriber subscriber : listeners) {
-        subscriber->OnResponse(
-            id, sptr<Notification::NotificationButtonOption>(new Notification::NotificationButtonOption(buttonName)));
+        subscriber->OnResponse(id, sptr<Notification::NotificationButtonOption>(
+                                       new Notification::NotificationButtonOption(buttonName)));
     }
     return Notification::ERR_OK;
 }
 
-void NotificationService::Die()
-{
+void NotificationService::Die() {
     std::vector<Subscriber> listeners;
     {
         std::lock_guard<std::mutex> lock(mutex_);

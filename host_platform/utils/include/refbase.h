@@ -30,10 +30,11 @@ private:
     mutable std::atomic<int> refs_{0};
 };
 
-inline void RefBase::IncStrongRef(const void*) const { refs_.fetch_add(1, std::memory_order_relaxed); }
+inline void RefBase::IncStrongRef(const void*) const {
+    refs_.fetch_add(1, std::memory_order_relaxed);
+}
 
-inline void RefBase::DecStrongRef(const void*) const
-{
+inline void RefBase::DecStrongRef(const void*) const {
     if (refs_.fetch_sub(1, std::memory_order_acq_rel) == 1) {
         delete this;
     }
@@ -49,31 +50,26 @@ public:
     sptr(const sptr& other) : ptr_(other.ptr_) { Acquire(); }
     sptr(sptr&& other) noexcept : ptr_(other.ptr_) { other.ptr_ = nullptr; }
     template <typename U>
-    sptr(const sptr<U>& other) : ptr_(other.GetRefPtr())
-    {
+    sptr(const sptr<U>& other) : ptr_(other.GetRefPtr()) {
         Acquire();
     }
     ~sptr() { Release(); }
 
-    sptr& operator=(const sptr& other)
-    {
+    sptr& operator=(const sptr& other) {
         sptr(other).swap(*this);
         return *this;
     }
-    sptr& operator=(sptr&& other) noexcept
-    {
+    sptr& operator=(sptr&& other) noexcept {
         sptr(std::move(other)).swap(*this);
         return *this;
     }
-    sptr& operator=(T* other)
-    {
+    sptr& operator=(T* other) {
         sptr(other).swap(*this);
         return *this;
     }
 
     template <typename... Args>
-    static sptr<T> MakeSptr(Args&&... args)
-    {
+    static sptr<T> MakeSptr(Args&&... args) {
         return sptr<T>(new T(std::forward<Args>(args)...));
     }
 
@@ -86,14 +82,12 @@ public:
     void swap(sptr& other) noexcept { std::swap(ptr_, other.ptr_); }
 
 private:
-    void Acquire()
-    {
+    void Acquire() {
         if (ptr_ != nullptr) {
             ptr_->IncStrongRef(this);
         }
     }
-    void Release()
-    {
+    void Release() {
         if (ptr_ != nullptr) {
             ptr_->DecStrongRef(this);
         }
@@ -103,28 +97,23 @@ private:
 };
 
 template <typename T, typename U>
-bool operator==(const sptr<T>& a, const sptr<U>& b)
-{
+bool operator==(const sptr<T>& a, const sptr<U>& b) {
     return a.GetRefPtr() == b.GetRefPtr();
 }
 template <typename T>
-bool operator==(const sptr<T>& a, std::nullptr_t)
-{
+bool operator==(const sptr<T>& a, std::nullptr_t) {
     return a.GetRefPtr() == nullptr;
 }
 template <typename T>
-bool operator!=(const sptr<T>& a, std::nullptr_t)
-{
+bool operator!=(const sptr<T>& a, std::nullptr_t) {
     return a.GetRefPtr() != nullptr;
 }
 template <typename T>
-bool operator==(std::nullptr_t, const sptr<T>& a)
-{
+bool operator==(std::nullptr_t, const sptr<T>& a) {
     return a.GetRefPtr() == nullptr;
 }
 template <typename T>
-bool operator!=(std::nullptr_t, const sptr<T>& a)
-{
+bool operator!=(std::nullptr_t, const sptr<T>& a) {
     return a.GetRefPtr() != nullptr;
 }
 

@@ -26,10 +26,10 @@ template <typename Record>
 class RecordSink {
 public:
     // format renders one record as the single line that PRINT writes (without the newline).
-    explicit RecordSink(std::function<std::string(const Record&)> format) : format_(std::move(format)) {}
+    explicit RecordSink(std::function<std::string(const Record&)> format)
+        : format_(std::move(format)) {}
 
-    void SetMode(SinkMode mode)
-    {
+    void SetMode(SinkMode mode) {
         std::lock_guard<std::mutex> lock(mutex_);
         mode_ = mode;
     }
@@ -39,8 +39,7 @@ public:
     void Emit(Record&& record) { EmitRecord(std::move(record)); }
 
     // The records kept since the last Take or Reset, oldest first; they are forgotten.
-    std::vector<Record> Take()
-    {
+    std::vector<Record> Take() {
         std::lock_guard<std::mutex> lock(mutex_);
         std::vector<Record> out;
         out.swap(records_);
@@ -48,8 +47,7 @@ public:
     }
 
     // Back to PRINT with nothing kept.
-    void Reset()
-    {
+    void Reset() {
         std::lock_guard<std::mutex> lock(mutex_);
         records_.clear();
         mode_ = SinkMode::PRINT;
@@ -57,8 +55,7 @@ public:
 
 private:
     template <typename R>
-    void EmitRecord(R&& record)
-    {
+    void EmitRecord(R&& record) {
         std::lock_guard<std::mutex> lock(mutex_);
         if (mode_ == SinkMode::PRINT || mode_ == SinkMode::CAPTURE_AND_PRINT) {
             std::string line = format_(record);

@@ -2,8 +2,7 @@
 
 namespace Tavi {
 
-Uri::Uri(const std::string& uriString) : text_(uriString)
-{
+Uri::Uri(const std::string& uriString) : text_(uriString) {
     std::string rest = uriString;
     auto hash = rest.find('#');
     if (hash != std::string::npos) {

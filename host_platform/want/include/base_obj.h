@@ -62,25 +62,23 @@ public:
     explicit ValueBox(const T& value) : value_(value) {}
     explicit ValueBox(T&& value) : value_(std::move(value)) {}
 
-    ErrCode GetValue(T& value) const override
-    {
+    ErrCode GetValue(T& value) const override {
         value = value_;
         return ERR_OK;
     }
     InterfaceID GetInterfaceId() const override { return InterfaceID{Iid}; }
-    sptr<IInterface> Clone() const override { return sptr<IInterface>(const_cast<ValueBox*>(this)); }
+    sptr<IInterface> Clone() const override {
+        return sptr<IInterface>(const_cast<ValueBox*>(this));
+    }
 
-    static sptr<IValue<T, Iid>> Box(const T& value)
-    {
+    static sptr<IValue<T, Iid>> Box(const T& value) {
         return sptr<IValue<T, Iid>>(new ValueBox(value));
     }
     // Takes the value over instead of copying it.
-    static sptr<IValue<T, Iid>> Box(T&& value)
-    {
+    static sptr<IValue<T, Iid>> Box(T&& value) {
         return sptr<IValue<T, Iid>>(new ValueBox(std::move(value)));
     }
-    static T Unbox(const IValue<T, Iid>* object)
-    {
+    static T Unbox(const IValue<T, Iid>* object) {
         T value{};
         if (object != nullptr) {
             object->GetValue(value);

@@ -4,12 +4,9 @@ namespace Tavi {
 namespace AAFwk {
 
 Array::Array(long size, const InterfaceID& typeId)
-    : type_(typeId), values_(size > 0 ? static_cast<size_t>(size) : 0)
-{
-}
+    : type_(typeId), values_(size > 0 ? static_cast<size_t>(size) : 0) {}
 
-ErrCode Array::Get(long index, sptr<IInterface>& value) const
-{
+ErrCode Array::Get(long index, sptr<IInterface>& value) const {
     if (index < 0 || static_cast<size_t>(index) >= values_.size()) {
         value = nullptr;
         return ERR_INVALID_VALUE;
@@ -18,8 +15,7 @@ ErrCode Array::Get(long index, sptr<IInterface>& value) const
     return ERR_OK;
 }
 
-ErrCode Array::Set(long index, const sptr<IInterface>& value)
-{
+ErrCode Array::Set(long index, const sptr<IInterface>& value) {
     if (index < 0 || static_cast<size_t>(index) >= values_.size()) {
         return ERR_INVALID_VALUE;
     }
@@ -30,20 +26,17 @@ ErrCode Array::Set(long index, const sptr<IInterface>& value)
     return ERR_OK;
 }
 
-ErrCode Array::GetLength(long& size) const
-{
+ErrCode Array::GetLength(long& size) const {
     size = static_cast<long>(values_.size());
     return ERR_OK;
 }
 
-ErrCode Array::GetType(InterfaceID& id) const
-{
+ErrCode Array::GetType(InterfaceID& id) const {
     id = type_;
     return ERR_OK;
 }
 
-sptr<IInterface> Array::Clone() const
-{
+sptr<IInterface> Array::Clone() const {
     sptr<Array> copy(new Array(static_cast<long>(values_.size()), type_));
     for (size_t i = 0; i < values_.size(); ++i) {
         copy->values_[i] = values_[i] == nullptr ? values_[i] : values_[i]->Clone();
@@ -51,8 +44,7 @@ sptr<IInterface> Array::Clone() const
     return copy;
 }
 
-bool Array::IsArrayOf(const IArray* object, const InterfaceID& id)
-{
+bool Array::IsArrayOf(const IArray* object, const InterfaceID& id) {
     InterfaceID type{};
     return object != nullptr && object->GetType(type) == ERR_OK && type == id;
 }

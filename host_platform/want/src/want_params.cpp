@@ -7,8 +7,7 @@ namespace {
 bool ValuesEqual(const sptr<IInterface>& a, const sptr<IInterface>& b);
 
 template <typename I, typename T>
-bool SameValue(const sptr<IInterface>& a, const sptr<IInterface>& b)
-{
+bool SameValue(const sptr<IInterface>& a, const sptr<IInterface>& b) {
     T x{};
     T y{};
     I::Query(a)->GetValue(x);
@@ -16,8 +15,7 @@ bool SameValue(const sptr<IInterface>& a, const sptr<IInterface>& b)
     return x == y;
 }
 
-bool ArraysEqual(const IArray* a, const IArray* b)
-{
+bool ArraysEqual(const IArray* a, const IArray* b) {
     long sizeA = 0;
     long sizeB = 0;
     InterfaceID typeA{};
@@ -41,8 +39,7 @@ bool ArraysEqual(const IArray* a, const IArray* b)
     return true;
 }
 
-bool ValuesEqual(const sptr<IInterface>& a, const sptr<IInterface>& b)
-{
+bool ValuesEqual(const sptr<IInterface>& a, const sptr<IInterface>& b) {
     if (a == nullptr || b == nullptr) {
         return a == nullptr && b == nullptr;
     }
@@ -71,15 +68,13 @@ bool ValuesEqual(const sptr<IInterface>& a, const sptr<IInterface>& b)
 }
 }  // namespace
 
-WantParams::WantParams(const WantParams& other)
-{
+WantParams::WantParams(const WantParams& other) {
     for (const auto& [key, value] : other.params_) {
         params_.emplace(key, value == nullptr ? value : value->Clone());
     }
 }
 
-WantParams& WantParams::operator=(const WantParams& other)
-{
+WantParams& WantParams::operator=(const WantParams& other) {
     if (this != &other) {
         WantParams copy(other);
         params_.swap(copy.params_);
@@ -87,31 +82,31 @@ WantParams& WantParams::operator=(const WantParams& other)
     return *this;
 }
 
-void WantParams::SetParam(const std::string& key, const sptr<IInterface>& value)
-{
+void WantParams::SetParam(const std::string& key, const sptr<IInterface>& value) {
     params_[key] = value;
 }
 
-sptr<IInterface> WantParams::GetParam(const std::string& key) const
-{
+sptr<IInterface> WantParams::GetParam(const std::string& key) const {
     auto it = params_.find(key);
     return it == params_.end() ? sptr<IInterface>() : it->second;
 }
 
-bool WantParams::HasParam(const std::string& key) const { return params_.count(key) != 0; }
+bool WantParams::HasParam(const std::string& key) const {
+    return params_.count(key) != 0;
+}
 
-void WantParams::Remove(const std::string& key) { params_.erase(key); }
+void WantParams::Remove(const std::string& key) {
+    params_.erase(key);
+}
 
-int WantParams::GetDataType(const sptr<IInterface>& value)
-{
+int WantParams::GetDataType(const sptr<IInterface>& value) {
     if (value == nullptr) {
         return VALUE_TYPE_NULL;
     }
     return value->GetInterfaceId().value;
 }
 
-bool WantParams::operator==(const WantParams& other) const
-{
+bool WantParams::operator==(const WantParams& other) const {
     if (params_.size() != other.params_.size()) {
         return false;
     }
@@ -125,21 +120,20 @@ bool WantParams::operator==(const WantParams& other) const
     return true;
 }
 
-ErrCode WantParamWrapper::GetValue(WantParams& value) const
-{
+ErrCode WantParamWrapper::GetValue(WantParams& value) const {
     value = value_;
     return ERR_OK;
 }
 
-sptr<IInterface> WantParamWrapper::Clone() const { return sptr<IInterface>(new WantParamWrapper(value_)); }
+sptr<IInterface> WantParamWrapper::Clone() const {
+    return sptr<IInterface>(new WantParamWrapper(value_));
+}
 
-sptr<IWantParams> WantParamWrapper::Box(const WantParams& value)
-{
+sptr<IWantParams> WantParamWrapper::Box(const WantParams& value) {
     return sptr<IWantParams>(new WantParamWrapper(value));
 }
 
-WantParams WantParamWrapper::Unbox(const IWantParams* object)
-{
+WantParams WantParamWrapper::Unbox(const IWantParams* object) {
     WantParams value;
     if (object != nullptr) {
         object->GetValue(value);

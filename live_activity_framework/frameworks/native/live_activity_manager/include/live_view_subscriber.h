@@ -23,7 +23,8 @@ public:
     void OnConnected() override;
     void OnDisconnected() override;
     // Logs the id; the button option is ignored.
-    void OnResponse(int notificationId, sptr<Notification::NotificationButtonOption> buttonOption) override;
+    void OnResponse(int notificationId,
+                    sptr<Notification::NotificationButtonOption> buttonOption) override;
     void OnDied() override;
 
     // The one instance, created when the library is loaded.

@@ -41,7 +41,8 @@ using PictureMap = std::map<std::string, std::vector<std::shared_ptr<Media::Pixe
 
 namespace {
 
-const char* const CLIENT_FILE = "live_activity_framework/frameworks/native/live_activity_manager/src/live_view_client";
+const char* const CLIENT_FILE =
+    "live_activity_framework/frameworks/native/live_activity_manager/src/live_view_client";
 const std::string KIT_NAME = "Zembrak";
 const std::string UPDATE_FAILED = "update failed";
 const std::string STOP_FAILED = "stop failed";
@@ -69,30 +70,25 @@ public:
     CallFrame()
         : startTimeMillis_(TimeHelper::GetCurrentTimeMillis()),
           transId_("transId_" + std::to_string(static_cast<uint32_t>(std::rand()))),
-          startClock_(std::chrono::system_clock::now())
-    {
-    }
+          startClock_(std::chrono::system_clock::now()) {}
 
     // Milliseconds since the frame began, truncated.
-    int64_t ElapsedMillis() const
-    {
+    int64_t ElapsedMillis() const {
         using namespace std::chrono;
         return duration_cast<microseconds>(system_clock::now() - startClock_).count() / 1000;
     }
 
-    void WriteEndEvent(const std::string& apiName, int outcome, const std::string& code, const std::string& event,
-                       int layoutType, int capsuleType) const
-    {
-        AppEventReport::WriteEndEvent(transId_, apiName, KIT_NAME, startTimeMillis_, outcome, code, event,
-                                      layoutType, capsuleType);
+    void WriteEndEvent(const std::string& apiName, int outcome, const std::string& code,
+                       const std::string& event, int layoutType, int capsuleType) const {
+        AppEventReport::WriteEndEvent(transId_, apiName, KIT_NAME, startTimeMillis_, outcome, code,
+                                      event, layoutType, capsuleType);
     }
 
     // The end event of an operation on a record: its event and kinds as they stand now.
     void WriteEndEvent(const std::string& apiName, int outcome, const std::string& code,
-                       const LiveView& liveView) const
-    {
-        WriteEndEvent(apiName, outcome, code, liveView.GetEvent(), LiveView::GetLayoutType(liveView),
-                      LiveView::GetCapsuleType(liveView));
+                       const LiveView& liveView) const {
+        WriteEndEvent(apiName, outcome, code, liveView.GetEvent(),
+                      LiveView::GetLayoutType(liveView), LiveView::GetCapsuleType(liveView));
     }
 
 private:
@@ -103,49 +99,51 @@ private:
 
 // The names and documented lines that distinguish an update from a stop.
 struct UpdateKind {
-    const char* function;     // "UpdateLiveView"
-    const char* apiName;      // "updateLiveView", for the end event
-    const char* beginText;    // the opening log line
+    const char* function;   // "UpdateLiveView"
+    const char* apiName;    // "updateLiveView", for the end event
+    const char* beginText;  // the opening log line
     unsigned int beginLine;
     unsigned int publishErrorLine;
     unsigned int templateLine;
 };
 
-const UpdateKind UPDATE_KIND = {"UpdateLiveView", "updateLiveView", "Begin update liveView.", 651, 692, 695};
-const UpdateKind STOP_KIND = {"StopLiveView", "stopLiveView", "Begin stop liveView.", 703, 745, 748};
+const UpdateKind UPDATE_KIND = {
+    "UpdateLiveView", "updateLiveView", "Begin update liveView.", 651, 692, 695};
+const UpdateKind STOP_KIND = {
+    "StopLiveView", "stopLiveView", "Begin stop liveView.", 703, 745, 748};
 
-const std::string& OperationWord(LiveView::Operation operation)
-{
+const std::string& OperationWord(LiveView::Operation operation) {
     return operation == LiveView::UPDATE ? UPDATE_FAILED : STOP_FAILED;
 }
 
-std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(const NotificationRequest& request)
-{
+std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(const NotificationRequest& request) {
     auto content = request.GetContent();
     if (content == nullptr) {
         return nullptr;
     }
-    return std::dynamic_pointer_cast<NotificationLiveViewContent>(content->GetNotificationContent());
+    return std::dynamic_pointer_cast<NotificationLiveViewContent>(
+        content->GetNotificationContent());
 }
 
-void SetLiveViewContent(NotificationRequest& request, const std::shared_ptr<NotificationLiveViewContent>& content)
-{
+void SetLiveViewContent(NotificationRequest& request,
+                        const std::shared_ptr<NotificationLiveViewContent>& content) {
     request.SetContent(std::make_shared<NotificationContent>(content));
 }
 
-BaseRsp SetNotificationRequest(NotificationRequest& request, const LiveView::Operation& operation)
-{
+BaseRsp SetNotificationRequest(NotificationRequest& request, const LiveView::Operation& operation) {
     std::shared_ptr<AAFwk::WantParams> extraInfo(new (std::nothrow) AAFwk::WantParams());
     if (extraInfo == nullptr) {
-        return BaseRsp(ERR_INTERNAL, LogTemplate(LOGGER_HILOG, CLIENT_FILE, "SetNotificationRequest", 78),
+        return BaseRsp(ERR_INTERNAL,
+                       LogTemplate(LOGGER_HILOG, CLIENT_FILE, "SetNotificationRequest", 78),
                        "The wantParams is nullptr.");
     }
     PictureMap pictureMap;
     auto content = std::make_shared<NotificationLiveViewContent>();
     using Status = NotificationLiveViewContent::LiveViewStatus;
-    content->SetLiveViewStatus(operation == LiveView::START    ? Status::LIVE_VIEW_CREATE
-                               : operation == LiveView::UPDATE ? Status::LIVE_VIEW_INCREMENTAL_UPDATE
-                                                               : Status::LIVE_VIEW_END);
+    content->SetLiveViewStatus(operation == LiveView::START ? Status::LIVE_VIEW_CREATE
+                               : operation == LiveView::UPDATE
+                                   ? Status::LIVE_VIEW_INCREMENTAL_UPDATE
+                                   : Status::LIVE_VIEW_END);
     content->SetExtraInfo(extraInfo);
     content->SetPicture(pictureMap);
     SetLiveViewContent(request, content);
@@ -154,14 +152,14 @@ BaseRsp SetNotificationRequest(NotificationRequest& request, const LiveView::Ope
 
 // isUpdate is taken and deliberately ignored: the flag follows only whether a timer time was
 // written.
-void SetIsUpdateTimerInLiveViewTimer(const LiveView&, std::shared_ptr<AAFwk::WantParams>& extraInfo, bool)
-{
+void SetIsUpdateTimerInLiveViewTimer(const LiveView&, std::shared_ptr<AAFwk::WantParams>& extraInfo,
+                                     bool) {
     const bool hasTime = extraInfo->HasParam(LiveViewConstant::LIVE_VIEW_TIMER_TIME);
-    extraInfo->SetParam(LiveViewConstant::LIVE_VIEW_TIMER_IS_UPDATE_TIMER, AAFwk::Boolean::Box(hasTime));
+    extraInfo->SetParam(LiveViewConstant::LIVE_VIEW_TIMER_IS_UPDATE_TIMER,
+                        AAFwk::Boolean::Box(hasTime));
 }
 
-BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request)
-{
+BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request) {
     auto liveViewContent = LiveViewContentOf(request);
     auto extraInfo = liveViewContent->GetExtraInfo();
     PictureMap pictureMap = liveViewContent->GetPicture();
@@ -171,7 +169,8 @@ BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request
     if (!rsp.Succeed()) {
         return rsp;
     }
-    LiveViewParamConversion::CommonDataParamConversion(liveView, request, extraInfo, liveViewContent);
+    LiveViewParamConversion::CommonDataParamConversion(liveView, request, extraInfo,
+                                                       liveViewContent);
 
     rsp = LiveViewParamValidate::TimerDataParamValidate(liveView);
     if (!rsp.Succeed()) {
@@ -184,7 +183,8 @@ BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request
     if (!rsp.Succeed()) {
         return rsp;
     }
-    LiveViewParamConversion::PrimaryDataParamConversion(liveView, request, extraInfo, liveViewContent, start);
+    LiveViewParamConversion::PrimaryDataParamConversion(liveView, request, extraInfo,
+                                                        liveViewContent, start);
 
     bool hasData = false;
     rsp = LiveViewParamValidate::ExtendDataParamValidate(liveView, hasData);
@@ -217,17 +217,18 @@ BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request
     return BaseRsp();
 }
 
-BaseRsp NavigationSubScribe(NotificationRequest& request)
-{
+BaseRsp NavigationSubScribe(NotificationRequest& request) {
     LV_LOGI(530, "Navigation layout subscribe.");
     auto liveViewContent = LiveViewContentOf(request);
     if (liveViewContent == nullptr) {
         LV_LOGE(534, "The notification liveView content is nullptr.");
-        return BaseRsp(ERR_INTERNAL, LogTemplate(LOGGER_HILOG, CLIENT_FILE, "NavigationSubScribe", 535),
+        return BaseRsp(ERR_INTERNAL,
+                       LogTemplate(LOGGER_HILOG, CLIENT_FILE, "NavigationSubScribe", 535),
                        "The notification liveView content is nullptr.");
     }
     liveViewContent->SetIsOnlyLocalUpdate(true);
-    const int ret = NotificationHelper::SubscribeLocalLiveViewNotification(LiveViewSubscriber::GetInstance());
+    const int ret =
+        NotificationHelper::SubscribeLocalLiveViewNotification(LiveViewSubscriber::GetInstance());
     const ErrorCode code = LiveViewErrorConversion::ReturnLiveViewError(ret);
     if (code != SUCCESS) {
         LV_LOGE(550, "Subscribe localLiveView notification ret is %{public}d", ret);
@@ -237,8 +238,8 @@ BaseRsp NavigationSubScribe(NotificationRequest& request)
     return BaseRsp();
 }
 
-int GetActiveNotification(const int& id, std::vector<std::string> keys, sptr<NotificationRequest>& request)
-{
+int GetActiveNotification(const int& id, std::vector<std::string> keys,
+                          sptr<NotificationRequest>& request) {
     const auto startClock = std::chrono::system_clock::now();
     const int32_t uid = IPCSkeleton::GetCallingUid();
     std::string bundleName;
@@ -256,28 +257,31 @@ int GetActiveNotification(const int& id, std::vector<std::string> keys, sptr<Not
     const int ret = NotificationHelper::GetActiveNotificationByFilter(filter, request);
     if (ret != 0) {
         using namespace std::chrono;
-        const int64_t elapsed = duration_cast<microseconds>(system_clock::now() - startClock).count() / 1000;
+        const int64_t elapsed =
+            duration_cast<microseconds>(system_clock::now() - startClock).count() / 1000;
         // The event names the failing call but carries the bundle lookup's code (0 here).
-        EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR,
-                               EventInfo("GetActiveNotificationByFilter", rsp.GetErrAsInt32(), elapsed));
+        EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR, EventInfo("GetActiveNotificationByFilter",
+                                                                    rsp.GetErrAsInt32(), elapsed));
     }
     return LiveViewErrorConversion::ReturnLiveViewError(ret);
 }
 
-BaseRsp GetLiveViewInfo(LiveView& liveView, std::shared_ptr<LiveViewInfo>& info)
-{
+BaseRsp GetLiveViewInfo(LiveView& liveView, std::shared_ptr<LiveViewInfo>& info) {
     const auto id = liveView.GetId();
     if (id == nullptr) {
         return BaseRsp(ERR_PARAM_INVALID,
-                       "Parameter error. The type of liveView.id mustbe number [or the parameter is mandatory].");
+                       "Parameter error. The type of liveView.id mustbe number [or the parameter "
+                       "is mandatory].");
     }
-    std::vector<std::string> keys = {LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE, LiveViewConstant::EXTERNAL_DATA_TITLE,
-                                     LiveViewConstant::CAPSULE_DATA_TYPE, LiveViewConstant::LIVE_VIEW_TIMER_TIME};
+    std::vector<std::string> keys = {
+        LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE, LiveViewConstant::EXTERNAL_DATA_TITLE,
+        LiveViewConstant::CAPSULE_DATA_TYPE, LiveViewConstant::LIVE_VIEW_TIMER_TIME};
     sptr<NotificationRequest> request(new NotificationRequest());
     const int ret = GetActiveNotification(*id, std::move(keys), request);
     if (ret != 0) {
         LV_LOGE(479, "PublishNotification error, code is %{public}d", ret);
-        return BaseRsp(static_cast<ErrorCode>(ret), LogTemplate(LOGGER_HILOG, CLIENT_FILE, "GetLiveViewInfo", 480),
+        return BaseRsp(static_cast<ErrorCode>(ret),
+                       LogTemplate(LOGGER_HILOG, CLIENT_FILE, "GetLiveViewInfo", 480),
                        "GetActiveNotificationByFilter error.");
     }
     auto liveViewContent = request == nullptr ? nullptr : LiveViewContentOf(*request);
@@ -290,13 +294,16 @@ BaseRsp GetLiveViewInfo(LiveView& liveView, std::shared_ptr<LiveViewInfo>& info)
         return BaseRsp(ERR_INTERNAL, LogTemplate(LOGGER_HILOG, CLIENT_FILE, "GetLiveViewInfo", 491),
                        "The liveViewExtraInfo is nullptr.");
     }
-    if (auto* layoutType = AAFwk::IInteger::Query(extraInfo->GetParam(LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE))) {
+    if (auto* layoutType = AAFwk::IInteger::Query(
+            extraInfo->GetParam(LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE))) {
         info->layoutType = AAFwk::Integer::Unbox(layoutType);
     }
-    if (auto* title = AAFwk::IString::Query(extraInfo->GetParam(LiveViewConstant::EXTERNAL_DATA_TITLE))) {
+    if (auto* title =
+            AAFwk::IString::Query(extraInfo->GetParam(LiveViewConstant::EXTERNAL_DATA_TITLE))) {
         info->externalTitle = AAFwk::String::Unbox(title);
     }
-    if (auto* capsuleType = AAFwk::IInteger::Query(extraInfo->GetParam(LiveViewConstant::CAPSULE_DATA_TYPE))) {
+    if (auto* capsuleType =
+            AAFwk::IInteger::Query(extraInfo->GetParam(LiveViewConstant::CAPSULE_DATA_TYPE))) {
         info->capsuleType = AAFwk::Integer::Unbox(capsuleType);
     }
     info->hasTimer = extraInfo->HasParam(LiveViewConstant::LIVE_VIEW_TIMER_TIME);
@@ -305,29 +312,28 @@ BaseRsp GetLiveViewInfo(LiveView& liveView, std::shared_ptr<LiveViewInfo>& info)
 
 // A section of an update or stop failed its check: the caller's result names the section.
 BaseRsp SectionFailed(const BaseRsp& rsp, const std::string& prefix, const LiveViewInfo& info,
-                      LiveViewClient::LiveViewResult& result)
-{
+                      LiveViewClient::LiveViewResult& result) {
     result.code = 1;
     result.message = prefix + OperationWord(info.operation);
     return rsp;
 }
 
-BaseRsp UpdatePrimaryData(const LiveView& liveView, NotificationRequest& request, LiveViewInfo& info,
-                          std::shared_ptr<NotificationLiveViewContent>& content, LiveViewClient::LiveViewResult& result)
-{
+BaseRsp UpdatePrimaryData(const LiveView& liveView, NotificationRequest& request,
+                          LiveViewInfo& info, std::shared_ptr<NotificationLiveViewContent>& content,
+                          LiveViewClient::LiveViewResult& result) {
     BaseRsp rsp = LiveViewParamValidate::PrimaryDataParamValidate(liveView, info.operation);
     if (!rsp.Succeed()) {
         LV_LOGE(214, "Primary Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
         return SectionFailed(rsp, "The primary data ", info, result);
     }
     info.isChanged = true;
-    LiveViewParamConversion::PrimaryDataParamConversion(liveView, request, info.extraInfo, content, info.operation);
+    LiveViewParamConversion::PrimaryDataParamConversion(liveView, request, info.extraInfo, content,
+                                                        info.operation);
     return rsp;
 }
 
 BaseRsp UpdateExtendData(const LiveView& liveView, NotificationRequest& request, LiveViewInfo& info,
-                         LiveViewClient::LiveViewResult& result)
-{
+                         LiveViewClient::LiveViewResult& result) {
     bool hasData = false;
     BaseRsp rsp = LiveViewParamValidate::ExtendDataParamValidate(liveView, hasData);
     if (!rsp.Succeed()) {
@@ -336,13 +342,14 @@ BaseRsp UpdateExtendData(const LiveView& liveView, NotificationRequest& request,
     }
     if (hasData) {
         info.isChanged = true;
-        LiveViewParamConversion::ExtendDataParamConversion(liveView, request, info.extraInfo, info.pictureMap);
+        LiveViewParamConversion::ExtendDataParamConversion(liveView, request, info.extraInfo,
+                                                           info.pictureMap);
     }
     return rsp;
 }
 
-BaseRsp UpdateLayoutData(const LiveView& liveView, LiveViewInfo& info, LiveViewClient::LiveViewResult& result)
-{
+BaseRsp UpdateLayoutData(const LiveView& liveView, LiveViewInfo& info,
+                         LiveViewClient::LiveViewResult& result) {
     // A change of layout kind is checked as a start: the new kind's mandatory fields are needed.
     const int layoutType = LiveView::GetLayoutType(liveView);
     const LiveView::Operation operation =
@@ -355,13 +362,13 @@ BaseRsp UpdateLayoutData(const LiveView& liveView, LiveViewInfo& info, LiveViewC
     }
     if (hasData) {
         info.isChanged = true;
-        LiveViewParamConversion::LayoutDataParamConversion(liveView, info.extraInfo, info.pictureMap);
+        LiveViewParamConversion::LayoutDataParamConversion(liveView, info.extraInfo,
+                                                           info.pictureMap);
     }
     return rsp;
 }
 
-void SetIsUpdateTimer(const LiveView& liveView, LiveViewInfo& info)
-{
+void SetIsUpdateTimer(const LiveView& liveView, LiveViewInfo& info) {
     auto capsule = LiveView::GetCapsuleData(liveView);
     bool isUpdateTimer = false;
     if (capsule == nullptr) {
@@ -371,31 +378,36 @@ void SetIsUpdateTimer(const LiveView& liveView, LiveViewInfo& info)
         // it only when the record carries a timer.
         isUpdateTimer = info.capsuleType != CapsuleData::TIMER || liveView.GetTimer() != nullptr;
     }
-    info.extraInfo->SetParam(LiveViewConstant::TIMER_CAPSULE_IS_UPDATE_TIMER, AAFwk::Boolean::Box(isUpdateTimer));
+    info.extraInfo->SetParam(LiveViewConstant::TIMER_CAPSULE_IS_UPDATE_TIMER,
+                             AAFwk::Boolean::Box(isUpdateTimer));
 }
 
-BaseRsp UpdateCapsuleData(const LiveView& liveView, LiveViewInfo& info, LiveViewClient::LiveViewResult& result)
-{
+BaseRsp UpdateCapsuleData(const LiveView& liveView, LiveViewInfo& info,
+                          LiveViewClient::LiveViewResult& result) {
     bool hasData = false;
-    BaseRsp rsp = LiveViewParamValidate::CapsuleDataParamValidate(liveView, info.operation, hasData);
+    BaseRsp rsp =
+        LiveViewParamValidate::CapsuleDataParamValidate(liveView, info.operation, hasData);
     if (!rsp.Succeed()) {
         LV_LOGE(329, "Capsule Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
         return SectionFailed(rsp, "The capsule data ", info, result);
     }
     if (hasData) {
         info.isChanged = true;
-        LiveViewParamConversion::CapsuleDataParamConversion(liveView, info.extraInfo, info.pictureMap);
+        LiveViewParamConversion::CapsuleDataParamConversion(liveView, info.extraInfo,
+                                                            info.pictureMap);
         SetIsUpdateTimer(liveView, info);
     } else {
-        info.extraInfo->SetParam(LiveViewConstant::TIMER_CAPSULE_IS_UPDATE_TIMER, AAFwk::Boolean::Box(false));
+        info.extraInfo->SetParam(LiveViewConstant::TIMER_CAPSULE_IS_UPDATE_TIMER,
+                                 AAFwk::Boolean::Box(false));
     }
     return rsp;
 }
 
-BaseRsp UpdateExternalData(const LiveView& liveView, LiveViewInfo& info, LiveViewClient::LiveViewResult& result)
-{
+BaseRsp UpdateExternalData(const LiveView& liveView, LiveViewInfo& info,
+                           LiveViewClient::LiveViewResult& result) {
     // A live view that had no external data takes it as at a start.
-    const LiveView::Operation operation = info.externalTitle.empty() ? LiveView::START : info.operation;
+    const LiveView::Operation operation =
+        info.externalTitle.empty() ? LiveView::START : info.operation;
     bool hasData = false;
     BaseRsp rsp = LiveViewParamValidate::ExternalDataParamValidate(liveView, operation, hasData);
     if (!rsp.Succeed()) {
@@ -410,8 +422,8 @@ BaseRsp UpdateExternalData(const LiveView& liveView, LiveViewInfo& info, LiveVie
 }
 
 BaseRsp UpdateLiveViewParamParse(const LiveView& liveView, NotificationRequest& request,
-                                 std::shared_ptr<LiveViewInfo>& info, LiveViewClient::LiveViewResult& result)
-{
+                                 std::shared_ptr<LiveViewInfo>& info,
+                                 LiveViewClient::LiveViewResult& result) {
     BaseRsp rsp = SetNotificationRequest(request, info->operation);
     if (!rsp.Succeed()) {
         return rsp;
@@ -424,7 +436,8 @@ BaseRsp UpdateLiveViewParamParse(const LiveView& liveView, NotificationRequest& 
     if (!rsp.Succeed()) {
         return rsp;
     }
-    LiveViewParamConversion::CommonDataParamConversion(liveView, request, info->extraInfo, liveViewContent);
+    LiveViewParamConversion::CommonDataParamConversion(liveView, request, info->extraInfo,
+                                                       liveViewContent);
     rsp = LiveViewParamValidate::TimerDataParamValidate(liveView);
     if (!rsp.Succeed()) {
         return rsp;
@@ -448,8 +461,7 @@ BaseRsp UpdateLiveViewParamParse(const LiveView& liveView, NotificationRequest& 
 
 // Update and stop are one algorithm that differs in the operation and its names.
 BaseRsp UpdateOrStopLiveView(LiveView& liveView, LiveViewClient::LiveViewResult& result,
-                             LiveView::Operation operation, const UpdateKind& kind)
-{
+                             LiveView::Operation operation, const UpdateKind& kind) {
     LV_LOGI_FN(kind.beginLine, kind.function, "%{public}s", kind.beginText);
     CallFrame frame;
     NotificationRequest request;
@@ -461,11 +473,13 @@ BaseRsp UpdateOrStopLiveView(LiveView& liveView, LiveViewClient::LiveViewResult&
     const int layoutType = LiveView::GetLayoutType(liveView);
     const int capsuleType = LiveView::GetCapsuleType(liveView);
     auto writeEndEvent = [&](int outcome, const std::string& code) {
-        frame.WriteEndEvent(kind.apiName, outcome, code, liveView.GetEvent(), layoutType, capsuleType);
+        frame.WriteEndEvent(kind.apiName, outcome, code, liveView.GetEvent(), layoutType,
+                            capsuleType);
     };
     if (!rsp.Succeed()) {
-        EventReport::SendEvent(INVOKE_LIVE_VIEW_SERVICE,
-                               EventInfo(kind.function, rsp.GetErrAsInt32(), frame.ElapsedMillis()));
+        EventReport::SendEvent(
+            INVOKE_LIVE_VIEW_SERVICE,
+            EventInfo(kind.function, rsp.GetErrAsInt32(), frame.ElapsedMillis()));
         writeEndEvent(1, std::to_string(rsp.GetErrAsInt32()));
         return rsp;
     }
@@ -480,9 +494,12 @@ BaseRsp UpdateOrStopLiveView(LiveView& liveView, LiveViewClient::LiveViewResult&
     EventReport::SendEvent(INVOKE_LIVE_VIEW_SERVICE, EventInfo(kind.function, code, elapsed));
     writeEndEvent(code == SUCCESS ? 0 : 1, std::to_string(code));
     if (code != SUCCESS) {
-        LV_LOGE_FN(kind.publishErrorLine, kind.function, "PublishNotification error, code is %{public}d", ret);
-        EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR, EventInfo("PublishNotification", code, elapsed));
-        return BaseRsp(code, LogTemplate(LOGGER_HILOG, CLIENT_FILE, kind.function, kind.templateLine),
+        LV_LOGE_FN(kind.publishErrorLine, kind.function,
+                   "PublishNotification error, code is %{public}d", ret);
+        EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR,
+                               EventInfo("PublishNotification", code, elapsed));
+        return BaseRsp(code,
+                       LogTemplate(LOGGER_HILOG, CLIENT_FILE, kind.function, kind.templateLine),
                        "StartLiveView publishNotification error.");
     }
     return rsp;
@@ -490,8 +507,7 @@ BaseRsp UpdateOrStopLiveView(LiveView& liveView, LiveViewClient::LiveViewResult&
 
 }  // namespace
 
-BaseRsp LiveViewClient::StartLiveView(LiveView& liveView, LiveViewResult& result)
-{
+BaseRsp LiveViewClient::StartLiveView(LiveView& liveView, LiveViewResult& result) {
     LV_LOGI(596, "Begin start liveView.");
     CallFrame frame;
     NotificationRequest request;
@@ -512,7 +528,8 @@ BaseRsp LiveViewClient::StartLiveView(LiveView& liveView, LiveViewResult& result
             return rsp;
         }
     }
-    const ErrorCode code = LiveViewErrorConversion::ReturnLiveViewError(NotificationHelper::PublishNotification(request));
+    const ErrorCode code = LiveViewErrorConversion::ReturnLiveViewError(
+        NotificationHelper::PublishNotification(request));
     const int64_t elapsed = frame.ElapsedMillis();
     EventReport::SendEvent(INVOKE_LIVE_VIEW_SERVICE, EventInfo("StartLiveView", code, elapsed));
     if (code == SUCCESS) {
@@ -522,29 +539,28 @@ BaseRsp LiveViewClient::StartLiveView(LiveView& liveView, LiveViewResult& result
         return BaseRsp();
     }
     LV_LOGE(628, "PublishNotification error, code is %{public}d", static_cast<int>(code));
-    EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR, EventInfo("PublishNotification", code, elapsed));
+    EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR,
+                           EventInfo("PublishNotification", code, elapsed));
     frame.WriteEndEvent("startLiveView", 1, std::to_string(code), liveView);
     return BaseRsp(code, LogTemplate(LOGGER_HILOG, CLIENT_FILE, "StartLiveView", 636),
                    "StartLiveView publishNotification error.");
 }
 
-BaseRsp LiveViewClient::UpdateLiveView(LiveView& liveView, LiveViewResult& result)
-{
+BaseRsp LiveViewClient::UpdateLiveView(LiveView& liveView, LiveViewResult& result) {
     return UpdateOrStopLiveView(liveView, result, LiveView::UPDATE, UPDATE_KIND);
 }
 
-BaseRsp LiveViewClient::StopLiveView(LiveView& liveView, LiveViewResult& result)
-{
+BaseRsp LiveViewClient::StopLiveView(LiveView& liveView, LiveViewResult& result) {
     return UpdateOrStopLiveView(liveView, result, LiveView::STOP, STOP_KIND);
 }
 
-int LiveViewClient::GetActiveLiveView(const int& id, LiveView& liveView)
-{
+int LiveViewClient::GetActiveLiveView(const int& id, LiveView& liveView) {
     LV_LOGI(756, "Begin get active liveView.");
     CallFrame frame;
     sptr<NotificationRequest> request(new NotificationRequest());
     const int ret = GetActiveNotification(id, {}, request);
-    EventReport::SendEvent(INVOKE_LIVE_VIEW_SERVICE, EventInfo("GetActiveLiveView", ret, frame.ElapsedMillis()));
+    EventReport::SendEvent(INVOKE_LIVE_VIEW_SERVICE,
+                           EventInfo("GetActiveLiveView", ret, frame.ElapsedMillis()));
     if (ret != 0) {
         LV_LOGE(769, "PublishNotification error, code is %{public}d", ret);
         frame.WriteEndEvent("getActiveLiveView", 1, std::to_string(ret), liveView);
@@ -560,10 +576,10 @@ int LiveViewClient::GetActiveLiveView(const int& id, LiveView& liveView)
     return rsp.GetErrAsInt32();
 }
 
-int LiveViewClient::IsLiveViewEnabled(bool& enabled)
-{
+int LiveViewClient::IsLiveViewEnabled(bool& enabled) {
     CallFrame frame;
-    int ret = NotificationHelper::GetEnabledForBundleSlotSelf(Notification::NotificationConstant::LIVE_VIEW, enabled);
+    int ret = NotificationHelper::GetEnabledForBundleSlotSelf(
+        Notification::NotificationConstant::LIVE_VIEW, enabled);
     if (ret != 0) {
         LV_LOGI(571, "GetEnabledForBundleSlot ret is %{public}d", ret);
         if (ret == SLOT_NOT_CONFIGURED) {
@@ -574,12 +590,13 @@ int LiveViewClient::IsLiveViewEnabled(bool& enabled)
     const ErrorCode code = LiveViewErrorConversion::ReturnLiveViewError(ret);
     const int64_t elapsed = frame.ElapsedMillis();
     if (ret != 0) {
-        EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR, EventInfo("GetEnabledForBundleSlotSelf", ret, elapsed));
+        EventReport::SendEvent(INVOKE_NOTIFICATION_ERROR,
+                               EventInfo("GetEnabledForBundleSlotSelf", ret, elapsed));
     }
     EventReport::SendEvent(INVOKE_LIVE_VIEW_SERVICE, EventInfo("IsLiveViewEnabled", code, elapsed));
     // There is no record: the event slot carries the API name and both kinds are -1.
-    frame.WriteEndEvent("isLiveViewEnabled", code != SUCCESS ? 1 : 0, std::to_string(code), "isLiveViewEnabled", -1,
-                        -1);
+    frame.WriteEndEvent("isLiveViewEnabled", code != SUCCESS ? 1 : 0, std::to_string(code),
+                        "isLiveViewEnabled", -1, -1);
     return code;
 }
 

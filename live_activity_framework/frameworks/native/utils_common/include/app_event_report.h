@@ -19,9 +19,10 @@ public:
     // Writes one event "api_exec_end" with the parameters trans_id, api_name, sdk_name,
     // begin_time, end_time (now), result (0 success, 1 failure), error_code, event, layout_type
     // and capsule_type, in that order.
-    static void WriteEndEvent(const std::string& transId, const std::string& apiName, const std::string& kitName,
-                              int64_t startTimeMillis, int result, const std::string& errorCode,
-                              const std::string& event, int layoutType, int capsuleType);
+    static void WriteEndEvent(const std::string& transId, const std::string& apiName,
+                              const std::string& kitName, int64_t startTimeMillis, int result,
+                              const std::string& errorCode, const std::string& event,
+                              int layoutType, int capsuleType);
 };
 
 }  // namespace LiveView

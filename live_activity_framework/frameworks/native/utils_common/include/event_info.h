@@ -12,9 +12,7 @@ namespace LiveView {
 
 struct EventInfo {
     EventInfo(std::string api, int32_t code, int64_t elapsedMillis)
-        : apiName(std::move(api)), errorCode(code), costTimeMillis(elapsedMillis)
-    {
-    }
+        : apiName(std::move(api)), errorCode(code), costTimeMillis(elapsedMillis) {}
     std::string apiName;
     int32_t errorCode;
     int64_t costTimeMillis;

@@ -13,9 +13,7 @@ namespace LiveView {
 
 struct EventLevel {
     EventLevel(std::string eventName, HiviewDFX::HiSysEvent::EventType eventType)
-        : name(std::move(eventName)), type(eventType)
-    {
-    }
+        : name(std::move(eventName)), type(eventType) {}
     std::string name;
     HiviewDFX::HiSysEvent::EventType type;
 };

@@ -9,9 +9,8 @@ namespace LiveView {
 
 void AppEventReport::WriteEndEvent(const std::string& transId, const std::string& apiName,
                                    const std::string& kitName, int64_t startTimeMillis, int result,
-                                   const std::string& errorCode, const std::string& event, int layoutType,
-                                   int capsuleType)
-{
+                                   const std::string& errorCode, const std::string& event,
+                                   int layoutType, int capsuleType) {
     HiviewDFX::HiAppEvent::Event endEvent(DOMAIN, NAME, HiviewDFX::HiAppEvent::BEHAVIOR);
     endEvent.AddParam("trans_id", transId);
     endEvent.AddParam("api_name", apiName);

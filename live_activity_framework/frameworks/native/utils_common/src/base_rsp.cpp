@@ -10,8 +10,7 @@ namespace Wisp {
 namespace LiveView {
 
 namespace {
-std::string FormatText(const char* format, va_list args)
-{
+std::string FormatText(const char* format, va_list args) {
     if (format == nullptr) {
         return "";
     }
@@ -33,22 +32,22 @@ std::string FormatText(const char* format, va_list args)
 }
 }  // namespace
 
-BaseRsp::BaseRsp(const ErrorCode& code, const char* format, ...) : code_(code)
-{
+BaseRsp::BaseRsp(const ErrorCode& code, const char* format, ...) : code_(code) {
     va_list args;
     va_start(args, format);
     info_ = FormatText(format, args);
     va_end(args);
 }
 
-BaseRsp::BaseRsp(const ErrorCode& code, const LogTemplate& where, const char* format, ...) : code_(code)
-{
+BaseRsp::BaseRsp(const ErrorCode& code, const LogTemplate& where, const char* format, ...)
+    : code_(code) {
     va_list args;
     va_start(args, format);
     info_ = FormatText(format, args);
     va_end(args);
     const std::string file = Logger::SourceName(where.GetFile());
-    LV_LOG_AT(LOG_ERROR, file.c_str(), where.GetLine(), where.GetFunc().c_str(), "%{public}s", info_.c_str());
+    LV_LOG_AT(LOG_ERROR, file.c_str(), where.GetLine(), where.GetFunc().c_str(), "%{public}s",
+              info_.c_str());
 }
 
 }  // namespace LiveView

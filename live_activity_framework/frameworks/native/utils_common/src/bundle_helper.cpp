@@ -7,8 +7,7 @@ namespace Tavi {
 namespace Wisp {
 namespace LiveView {
 
-BaseRsp BundleHelper::GetCurrBundle(std::string& bundleName)
-{
+BaseRsp BundleHelper::GetCurrBundle(std::string& bundleName) {
     const int32_t uid = IPCSkeleton::GetCallingUid();
     if (!AppExecFwk::BundleMgrClient().GetNameForUid(uid, bundleName)) {
         return BaseRsp(ERR_INTERNAL, "Get current bundle name failed, uid is %d.", uid);

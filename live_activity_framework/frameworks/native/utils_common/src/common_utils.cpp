@@ -8,8 +8,7 @@ namespace {
 constexpr const char* WHITE_SPACE = " \t\r\n\v\f";
 }  // namespace
 
-std::string CommonUtils::TrimString(const std::string& str)
-{
+std::string CommonUtils::TrimString(const std::string& str) {
     const auto first = str.find_first_not_of(WHITE_SPACE);
     if (first == std::string::npos) {
         return "";
@@ -18,7 +17,9 @@ std::string CommonUtils::TrimString(const std::string& str)
     return str.substr(first, last - first + 1);
 }
 
-bool CommonUtils::IsBlank(const std::string& str) { return str.find_first_not_of(WHITE_SPACE) == std::string::npos; }
+bool CommonUtils::IsBlank(const std::string& str) {
+    return str.find_first_not_of(WHITE_SPACE) == std::string::npos;
+}
 
 }  // namespace LiveView
 }  // namespace Wisp

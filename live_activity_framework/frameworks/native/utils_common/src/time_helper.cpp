@@ -6,8 +6,7 @@ namespace Tavi {
 namespace Wisp {
 namespace LiveView {
 
-int64_t TimeHelper::GetCurrentTimeMillis()
-{
+int64_t TimeHelper::GetCurrentTimeMillis() {
     using namespace std::chrono;
     return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }

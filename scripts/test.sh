@@ -2,7 +2,8 @@
 # Sets up a fresh machine, builds everything and runs every test.
 #   scripts/test.sh            the normal build (g++), all tests
 #   scripts/test.sh asan       AddressSanitizer + UndefinedBehaviorSanitizer build (clang), all tests
-#   scripts/test.sh tsan       ThreadSanitizer build (clang), the concurrency tests
+#   scripts/test.sh tsan       ThreadSanitizer build (clang), the concurrency tests (CTest label
+#                              "concurrency") and the host platform's concurrency tests
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -26,8 +27,11 @@ case "$mode" in
     tsan)
         cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_COMPILER=clang \
             -DCMAKE_CXX_COMPILER=clang++ -DLV_SANITIZE=thread
-        cmake --build build-tsan -j"$jobs"
-        TSAN_OPTIONS=halt_on_error=1 ctest --test-dir build-tsan --output-on-failure -j"$jobs" -L concurrency
+        cmake --build build-tsan -j"$jobs" --target concurrency_tests host_platform_tests
+        export TSAN_OPTIONS=halt_on_error=1
+        ctest --test-dir build-tsan --output-on-failure -j"$jobs" -L concurrency
+        # The host platform's own concurrency tests live in its suite.
+        build-tsan/tests/host_platform_tests --gtest_filter='*Concurren*'
         ;;
     *)
         echo "usage: scripts/test.sh [default|asan|tsan]" >&2

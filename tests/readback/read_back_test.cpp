@@ -231,7 +231,9 @@ sptr<IInterface> RightBox(Box box) {
 }
 
 std::vector<std::pair<std::string, sptr<IInterface>>> WrongBoxes(Box box) {
-    std::vector<std::pair<std::string, sptr<IInterface>>> boxes = {{"null", nullptr}};
+    std::vector<std::pair<std::string, sptr<IInterface>>> boxes;
+    boxes.reserve(4);
+    boxes.emplace_back("null", nullptr);
     if (box == Box::TEXT || box == Box::LONG || box == Box::BOOL) {
         boxes.emplace_back("Integer", Int(1));
     } else {

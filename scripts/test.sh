@@ -13,7 +13,7 @@ scripts/setup.sh
 jobs=2
 case "$mode" in
     default)
-        cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo
+        cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLV_BUILD_BENCHMARKS=ON
         cmake --build build -j"$jobs"
         ctest --test-dir build --output-on-failure -j"$jobs"
         ;;

@@ -34,9 +34,9 @@ std::string FormatLine(const Tavi::Host::LogLine& line) {
 }
 
 template <typename T>
-void AppendValue(std::string& out, const std::string& spec, T value) {
+void AppendValue(std::string& out, const std::string& conversionSpec, T value) {
     char buffer[128];
-    int n = std::snprintf(buffer, sizeof(buffer), spec.c_str(), value);
+    int n = std::snprintf(buffer, sizeof(buffer), conversionSpec.c_str(), value);
     if (n < 0) {
         return;
     }
@@ -45,7 +45,7 @@ void AppendValue(std::string& out, const std::string& spec, T value) {
         return;
     }
     std::string big(static_cast<size_t>(n) + 1, '\0');
-    std::snprintf(&big[0], big.size(), spec.c_str(), value);
+    std::snprintf(&big[0], big.size(), conversionSpec.c_str(), value);
     out.append(big.data(), static_cast<size_t>(n));
 }
 
@@ -65,24 +65,24 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
             i = static_cast<size_t>(close - fmt) + 1;
         }
     }
-    std::string spec = "%";
+    std::string conversionSpec = "%";
     while (std::strchr("-+ #0", fmt[i]) != nullptr && fmt[i] != '\0') {
-        spec.push_back(fmt[i++]);
+        conversionSpec.push_back(fmt[i++]);
     }
     auto takeNumber = [&]() {
         if (fmt[i] == '*') {
             int n = va_arg(args, int);
-            spec += std::to_string(n);
+            conversionSpec += std::to_string(n);
             ++i;
             return;
         }
         while (fmt[i] >= '0' && fmt[i] <= '9') {
-            spec.push_back(fmt[i++]);
+            conversionSpec.push_back(fmt[i++]);
         }
     };
     takeNumber();
     if (fmt[i] == '.') {
-        spec.push_back(fmt[i++]);
+        conversionSpec.push_back(fmt[i++]);
         takeNumber();
     }
     std::string length;
@@ -94,8 +94,8 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
         return i;
     }
     ++i;
-    spec += length;
-    spec.push_back(conversion);
+    conversionSpec += length;
+    conversionSpec.push_back(conversion);
     std::string value;
     switch (conversion) {
         case 'd':
@@ -106,11 +106,11 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
         case 'X':
         case 'c':
             if (length == "ll" || length == "q" || length == "j") {
-                AppendValue(value, spec, va_arg(args, long long));
+                AppendValue(value, conversionSpec, va_arg(args, long long));
             } else if (length == "l" || length == "z" || length == "t") {
-                AppendValue(value, spec, va_arg(args, long));
+                AppendValue(value, conversionSpec, va_arg(args, long));
             } else {
-                AppendValue(value, spec, va_arg(args, int));
+                AppendValue(value, conversionSpec, va_arg(args, int));
             }
             break;
         case 'e':
@@ -122,24 +122,24 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
         case 'a':
         case 'A':
             if (length == "L") {
-                AppendValue(value, spec, va_arg(args, long double));
+                AppendValue(value, conversionSpec, va_arg(args, long double));
             } else {
-                AppendValue(value, spec, va_arg(args, double));
+                AppendValue(value, conversionSpec, va_arg(args, double));
             }
             break;
         case 's': {
             const char* text = va_arg(args, const char*);
-            AppendValue(value, spec, text == nullptr ? "(null)" : text);
+            AppendValue(value, conversionSpec, text == nullptr ? "(null)" : text);
             break;
         }
         case 'p':
-            AppendValue(value, spec, va_arg(args, void*));
+            AppendValue(value, conversionSpec, va_arg(args, void*));
             break;
         case 'n':
             (void)va_arg(args, void*);
             return i;
         default:
-            value = spec;
+            value = conversionSpec;
             break;
     }
     out += isPrivate ? std::string("<private>") : value;

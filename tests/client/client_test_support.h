@@ -15,14 +15,18 @@
 #include <vector>
 
 #include "host_control.h"
+#include "live_view_content.h"
 #include "live_view_manager.h"
 #include "log_capture.h"
+#include "record_builders.h"
 
 namespace Tavi {
 namespace Wisp {
 namespace LiveView {
 namespace ClientTesting {
 
+using namespace Builders;
+using LiveViewTest::LiveViewContentOf;
 using Notification::NotificationLiveViewContent;
 using Notification::NotificationRequest;
 using Status = NotificationLiveViewContent::LiveViewStatus;
@@ -196,16 +200,6 @@ inline std::string EndEvent(const std::string& apiName, int outcome, int32_t cod
 // ---------------------------------------------------------------------------------------------
 // What the service received.
 
-inline std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(
-    const NotificationRequest& request) {
-    auto content = request.GetContent();
-    if (content == nullptr) {
-        return nullptr;
-    }
-    return std::dynamic_pointer_cast<NotificationLiveViewContent>(
-        content->GetNotificationContent());
-}
-
 inline std::shared_ptr<AAFwk::WantParams> ExtraInfoOf(const NotificationRequest& request) {
     auto content = LiveViewContentOf(request);
     return content == nullptr ? nullptr : content->GetExtraInfo();
@@ -239,151 +233,13 @@ inline std::string DescribePublished(const Host::PublishRecord& record, const st
 }
 
 // ---------------------------------------------------------------------------------------------
-// Record builders. Every "ForStart" value passes the checks of a start.
-
-inline std::shared_ptr<std::string> Str(const std::string& text) {
-    return std::make_shared<std::string>(text);
-}
-inline std::shared_ptr<int> Int(int value) {
-    return std::make_shared<int>(value);
-}
-inline std::shared_ptr<long> Long(long value) {
-    return std::make_shared<long>(value);
-}
-inline std::shared_ptr<bool> Bool(bool value) {
-    return std::make_shared<bool>(value);
-}
-
-// A field's value as text, "<unset>" when the pointer is empty.
-inline std::string Text(const std::shared_ptr<std::string>& value) {
-    return value == nullptr ? "<unset>" : *value;
-}
-inline std::string Text(const std::shared_ptr<int>& value) {
-    return value == nullptr ? "<unset>" : std::to_string(*value);
-}
-inline std::string Text(const std::shared_ptr<long>& value) {
-    return value == nullptr ? "<unset>" : std::to_string(*value);
-}
-inline std::string Text(const std::shared_ptr<bool>& value) {
-    return value == nullptr ? "<unset>" : (*value ? "true" : "false");
-}
-
-inline std::shared_ptr<RichText> TextRun(const std::string& text, const std::string& color = "") {
-    auto run = std::make_shared<RichText>();
-    run->SetText(Str(text));
-    if (!color.empty()) {
-        run->SetTextColor(Str(color));
-    }
-    return run;
-}
-
-inline std::shared_ptr<AbilityRuntime::WantAgent::WantAgent> OrderPage() {
-    return std::make_shared<AbilityRuntime::WantAgent::WantAgent>("com.example.food/OrderPage");
-}
-
-inline std::shared_ptr<LayoutData> ProgressLayoutForStart() {
-    auto layout = std::make_shared<ProgressLayout>();
-    layout->SetLayoutType(LayoutData::PROGRESS);
-    layout->SetProgress(Int(40));
-    layout->SetColor(Str("#FF0A59F7"));
-    layout->SetBackgroundColor(Str("#1A000000"));
-    layout->SetIndicatorType(Int(ProgressLayout::INDICATOR_TYPE_ICON_1));
-    layout->SetIndicatorIconStr(Str("icon_rider"));
-    layout->SetLineType(Int(ProgressLayout::LINE_TYPE_1));
-    layout->SetNodeIconsStr({"icon_shop", "icon_road", "icon_home"});
-    return layout;
-}
-
-inline std::shared_ptr<LayoutData> PickupLayoutForStart() {
-    auto layout = std::make_shared<PickupLayout>();
-    layout->SetLayoutType(LayoutData::PICKUP);
-    layout->SetTitle(Str("Pickup code"));
-    layout->SetContent(Str("A-1024"));
-    layout->SetUnderlineColor(Str("#FFFF0000"));
-    layout->SetDescPicStr(Str("pic_counter"));
-    return layout;
-}
-
-inline std::shared_ptr<LayoutData> FlightLayoutForStart() {
-    auto layout = std::make_shared<FlightLayout>();
-    layout->SetLayoutType(LayoutData::FLIGHT);
-    layout->SetFirstTitle(Str("08:30"));
-    layout->SetFirstContent(Str("Departure"));
-    layout->SetLastTitle(Str("11:45"));
-    layout->SetLastContent(Str("Arrival"));
-    layout->SetSpaceIconStr(Str("icon_plane"));
-    layout->SetIsHorizontalLineDisplayed(Bool(true));
-    layout->SetAdditionalText(Str("Gate 12"));
-    return layout;
-}
-
-inline std::shared_ptr<LayoutData> ScoreLayoutForStart() {
-    auto layout = std::make_shared<ScoreLayout>();
-    layout->SetLayoutType(LayoutData::SCORE);
-    layout->SetHostName(Str("Harbour FC"));
-    layout->SetHostIconStr(Str("icon_harbour"));
-    layout->SetHostScore(Str("2"));
-    layout->SetGuestName(Str("Valley United"));
-    layout->SetGuestIconStr(Str("icon_valley"));
-    layout->SetGuestScore(Str("1"));
-    layout->SetCompetitionDesc(Str("Second half"));
-    layout->SetCompetitionTime(Str("67:12"));
-    return layout;
-}
-
-inline std::shared_ptr<LayoutData> NavigationLayoutForStart() {
-    auto layout = std::make_shared<NavigationLayout>();
-    layout->SetLayoutType(LayoutData::NAVIGATION);
-    layout->SetCurrentNavigationIconStr(Str("icon_turn_left"));
-    layout->SetNavigationIconsStr({"icon_straight", "icon_turn_right"});
-    return layout;
-}
+// Record builders of the client suites; those shared with other suites are in record_builders.h.
 
 // A plain layout of the given type (-1 carries no further rules).
 inline std::shared_ptr<LayoutData> BareLayout(LayoutData::LayoutType type) {
     auto layout = std::make_shared<LayoutData>();
     layout->SetLayoutType(type);
     return layout;
-}
-
-inline std::shared_ptr<CapsuleData> TextCapsuleForStart() {
-    auto capsule = std::make_shared<TextCapsule>();
-    capsule->SetStatus(Int(1));
-    capsule->SetType(CapsuleData::TEXT);
-    capsule->SetIconStr(Str("icon_capsule"));
-    capsule->SetBackgroundColor(Str("#FF00AA00"));
-    capsule->SetTitle(Str("Arriving"));
-    capsule->SetContent(Str("5 min"));
-    return capsule;
-}
-
-inline std::shared_ptr<CapsuleData> TimerCapsuleForStart() {
-    auto capsule = std::make_shared<TimerCapsule>();
-    capsule->SetStatus(Int(1));
-    capsule->SetType(CapsuleData::TIMER);
-    capsule->SetIconStr(Str("icon_clock"));
-    capsule->SetBackgroundColor(Str("#FF0000AA"));
-    capsule->SetContent(Str("Remaining"));
-    capsule->SetTime(Long(300000));
-    capsule->SetIsCountdown(Bool(true));
-    return capsule;
-}
-
-// A start record: id, event, primary data with title, content, click action and the layout.
-inline LiveView StartRecord(int id, const std::string& event,
-                            const std::shared_ptr<LayoutData>& layout) {
-    auto primary = std::make_shared<PrimaryData>();
-    primary->SetTitle(Str("Your order"));
-    primary->AddContent(TextRun("The rider is on the way", "#FF000000"));
-    primary->SetClickAction(OrderPage());
-    primary->SetLayoutData(layout);
-    auto data = std::make_shared<LiveViewData>();
-    data->SetPrimary(primary);
-    LiveView liveView;
-    liveView.SetId(Int(id));
-    liveView.SetEvent(event);
-    liveView.SetLiveViewData(data);
-    return liveView;
 }
 
 // An update or stop record: id, event and an empty primary data, which an update accepts.
@@ -395,14 +251,6 @@ inline LiveView ChangeRecord(int id, const std::string& event) {
     liveView.SetEvent(event);
     liveView.SetLiveViewData(data);
     return liveView;
-}
-
-inline void SetCapsule(LiveView& liveView, const std::shared_ptr<CapsuleData>& capsule) {
-    liveView.GetLiveViewData()->SetCapsule(capsule);
-}
-
-inline void SetLayout(LiveView& liveView, const std::shared_ptr<LayoutData>& layout) {
-    LiveView::GetPrimaryData(liveView)->SetLayoutData(layout);
 }
 
 inline std::shared_ptr<LiveViewTimer> TimerWithTime(long millis) {

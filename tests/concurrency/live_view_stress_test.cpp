@@ -20,15 +20,17 @@
 #include <vector>
 
 #include "host_control.h"
+#include "live_view_content.h"
 #include "live_view_manager.h"
+#include "record_builders.h"
 
 namespace Tavi {
 namespace Wisp {
 namespace LiveView {
 namespace {
 
-using Notification::NotificationLiveViewContent;
-using Notification::NotificationRequest;
+using namespace Builders;
+using LiveViewTest::LiveViewContentOf;
 
 const std::string kBundle = "com.example.stress";
 constexpr int32_t kUid = 20020002;
@@ -94,35 +96,12 @@ std::string TitleOf(int sequence) {
     return "seq-" + std::to_string(sequence);
 }
 
-std::shared_ptr<std::string> Str(const std::string& text) {
-    return std::make_shared<std::string>(text);
-}
-
-// A start record that passes every check: pickup layout, title naming its sequence.
+// A start record that passes every check (a pickup layout; its colours make every thread match
+// the shared colour patterns at the same time), its title naming its sequence.
 LiveView StartRecord(int id, int sequence, const std::string& event = kEvent) {
-    auto layout = std::make_shared<PickupLayout>();
-    layout->SetLayoutType(LayoutData::PICKUP);
-    layout->SetTitle(Str("Pickup code"));
-    layout->SetContent(Str("A-1024"));
-    layout->SetDescPicStr(Str("pic_counter"));
-    // Colours make every thread match the shared colour patterns at the same time.
-    layout->SetUnderlineColor(Str("#FFE65C00"));
-    auto run = std::make_shared<RichText>();
-    run->SetText(Str("On the way"));
-    run->SetTextColor(Str("#FF202020"));
-    auto primary = std::make_shared<PrimaryData>();
-    primary->SetTitle(Str(TitleOf(sequence)));
-    primary->AddContent(run);
-    primary->SetClickAction(
-        std::make_shared<AbilityRuntime::WantAgent::WantAgent>("com.example.stress/Page"));
-    primary->SetLayoutData(layout);
-    auto data = std::make_shared<LiveViewData>();
-    data->SetPrimary(primary);
-    LiveView liveView;
-    liveView.SetId(std::make_shared<int>(id));
-    liveView.SetEvent(event);
-    liveView.SetSequence(std::make_shared<int>(sequence));
-    liveView.SetLiveViewData(data);
+    LiveView liveView = Builders::StartRecord(id, event);
+    LiveView::GetPrimaryData(liveView)->SetTitle(Str(TitleOf(sequence)));
+    liveView.SetSequence(Int(sequence));
     return liveView;
 }
 
@@ -132,14 +111,14 @@ LiveView ChangeRecord(int id, int sequence, bool isStop) {
     auto primary = std::make_shared<PrimaryData>();
     primary->SetTitle(Str(TitleOf(sequence)));
     if (isStop) {
-        primary->SetKeepTime(std::make_shared<int>(3600));
+        primary->SetKeepTime(Int(3600));
     }
     auto data = std::make_shared<LiveViewData>();
     data->SetPrimary(primary);
     LiveView liveView;
-    liveView.SetId(std::make_shared<int>(id));
+    liveView.SetId(Int(id));
     liveView.SetEvent(kEvent);
-    liveView.SetSequence(std::make_shared<int>(sequence));
+    liveView.SetSequence(Int(sequence));
     liveView.SetLiveViewData(data);
     return liveView;
 }
@@ -182,17 +161,10 @@ const std::string& OwnEvent(int thread) {
     return thread % 2 == 0 ? kNavigationEvent : kEvent;
 }
 
-std::shared_ptr<NotificationLiveViewContent> ContentOf(const NotificationRequest& request) {
-    auto content = request.GetContent();
-    return content == nullptr ? nullptr
-                              : std::dynamic_pointer_cast<NotificationLiveViewContent>(
-                                    content->GetNotificationContent());
-}
-
 // What the service holds for one live view, as a comparable text.
 std::string DescribeHeld(const Host::HeldLiveView& view) {
     std::string text = std::to_string(view.id) + (view.ended ? " ended" : " active");
-    auto content = ContentOf(*view.request);
+    auto content = LiveViewContentOf(*view.request);
     if (content == nullptr || content->GetExtraInfo() == nullptr) {
         return text + " <no content>";
     }
@@ -395,7 +367,7 @@ TEST_F(LiveViewStressTest, ConcurrentStartUpdateStopAndReadMatchTheSequentialMod
             std::find(kSharedIds.begin(), kSharedIds.end(), id) == kSharedIds.end()) {
             continue;
         }
-        const int64_t version = ContentOf(*record.request)->GetVersion();
+        const int64_t version = LiveViewContentOf(*record.request)->GetVersion();
         if (lastVersion.count(id) != 0) {
             EXPECT_GT(version, lastVersion[id]) << "id " << id;
         }

@@ -20,7 +20,7 @@ using ::testing::Pair;
 template <typename Kind>
 std::shared_ptr<Kind> NewCapsule(CapsuleData::CapsuleType type, int status = 1) {
     auto capsule = std::make_shared<Kind>();
-    capsule->SetStatus(Ptr(status));
+    capsule->SetStatus(Int(status));
     capsule->SetType(type);
     return capsule;
 }
@@ -54,9 +54,9 @@ TEST_F(CapsuleConversionTest, FullRecordOfEachKind) {
     auto timer = NewCapsule<TimerCapsule>(CapsuleData::TIMER);
     timer->SetIcon(icon);
     timer->SetContent(Str("Boarding"));
-    timer->SetTime(Ptr(600000L));
-    timer->SetIsCountdown(Ptr(true));
-    timer->SetIsPaused(Ptr(false));
+    timer->SetTime(Long(600000));
+    timer->SetIsCountdown(Bool(true));
+    timer->SetIsPaused(Bool(false));
     out = Convert(timer);
     ExpectParams(*out.extra, {{"CapsuleData.status", 1},
                               {"CapsuleData.type", 2},
@@ -68,9 +68,9 @@ TEST_F(CapsuleConversionTest, FullRecordOfEachKind) {
     EXPECT_EQ(out.pictures, (PictureMap{{"CapsuleData.icon", {icon}}}));
 
     auto progress = NewCapsule<ProgressCapsule>(CapsuleData::PROGRESS);
-    progress->SetMax(Ptr(100));
-    progress->SetProgress(Ptr(35));
-    progress->SetIndeterminate(Ptr(false));
+    progress->SetMax(Int(100));
+    progress->SetProgress(Int(35));
+    progress->SetIndeterminate(Bool(false));
     out = Convert(progress);
     ExpectParams(*out.extra, {{"CapsuleData.status", 1},
                               {"CapsuleData.type", 3},

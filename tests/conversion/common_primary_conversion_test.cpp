@@ -21,8 +21,8 @@ TEST(CommonConversionTest, EventIsTrimmedAndMuteDefaultsToTrue) {
     };
     const Row rows[] = {
         {"padded event, mute unset", " \tNAVIGATION\n ", nullptr, "NAVIGATION", true},
-        {"blank event, mute false", "  \t ", Ptr(false), "", false},
-        {"empty event, mute true", "", Ptr(true), "", true},
+        {"blank event, mute false", "  \t ", Bool(false), "", false},
+        {"empty event, mute true", "", Bool(true), "", true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
@@ -41,8 +41,8 @@ TEST(CommonConversionTest, RequestFields) {
         SCOPED_TRACE(withIdAndSequence);
         LiveView liveView;
         if (withIdAndSequence) {
-            liveView.SetId(Ptr(42));
-            liveView.SetSequence(Ptr(7));
+            liveView.SetId(Int(42));
+            liveView.SetSequence(Int(7));
         }
         Outputs out;
         LiveViewParamConversion::CommonDataParamConversion(liveView, out.request, out.extra,
@@ -69,16 +69,16 @@ TEST(TimerConversionTest, TimeDefaultsOnlyWhenFlagsAreSetAndTheTimerIsNotUpdated
     };
     // clang-format off
     const Row rows[] = {
-        {"all fields", true, Ptr(90000L), Ptr(true), Ptr(false), false,
+        {"all fields", true, Long(90000), Bool(true), Bool(false), false,
          {{time, 90000L}, {countdown, true}, {paused, false}}},
-        {"time kept on update", true, Ptr(5L), nullptr, nullptr, true, {{time, 5L}}},
-        {"countdown only, start", true, nullptr, Ptr(true), nullptr, false,
+        {"time kept on update", true, Long(5), nullptr, nullptr, true, {{time, 5L}}},
+        {"countdown only, start", true, nullptr, Bool(true), nullptr, false,
          {{time, 0L}, {countdown, true}}},
-        {"countdown only, update timer", true, nullptr, Ptr(true), nullptr, true,
+        {"countdown only, update timer", true, nullptr, Bool(true), nullptr, true,
          {{countdown, true}}},
-        {"paused only, start", true, nullptr, nullptr, Ptr(true), false,
+        {"paused only, start", true, nullptr, nullptr, Bool(true), false,
          {{time, 0L}, {paused, true}}},
-        {"paused only, update timer", true, nullptr, nullptr, Ptr(false), true, {{paused, false}}},
+        {"paused only, update timer", true, nullptr, nullptr, Bool(false), true, {{paused, false}}},
         {"no field, start", true, nullptr, nullptr, nullptr, false, {}},
         {"no field, update timer", true, nullptr, nullptr, nullptr, true, {}},
         {"no timer", false, nullptr, nullptr, nullptr, false, {}},
@@ -105,8 +105,8 @@ class PrimaryConversionTest : public ConversionTest {};
 TEST_F(PrimaryConversionTest, FullRecordPerOperation) {
     auto primary = std::make_shared<PrimaryData>();
     primary->SetTitle(Str("Order 1234"));
-    primary->SetContent({TextRun(Str("Ready"), Str("#FF00FF00"))});
-    primary->SetKeepTime(Ptr(30));
+    primary->SetContent({Rich(Str("Ready"), Str("#FF00FF00"))});
+    primary->SetKeepTime(Int(30));
     const auto clickAction =
         std::make_shared<AbilityRuntime::WantAgent::WantAgent>("com.example/Order");
     primary->SetClickAction(clickAction);

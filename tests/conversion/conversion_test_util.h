@@ -17,6 +17,7 @@
 #include "live_view.h"
 #include "live_view_param_conversion.h"
 #include "pixel_map.h"
+#include "record_builders.h"
 #include "want_params.h"
 
 namespace Tavi {
@@ -24,32 +25,14 @@ namespace Wisp {
 namespace LiveView {
 namespace Test {
 
+using namespace Builders;
 using Pic = std::shared_ptr<Media::PixelMap>;
 using PictureMap = LiveViewParamConversion::PictureMap;
 using Runs = std::vector<std::shared_ptr<RichText>>;
 
-template <typename T>
-std::shared_ptr<T> Ptr(T value) {
-    return std::make_shared<T>(std::move(value));
-}
-inline std::shared_ptr<std::string> Str(const char* text) {
-    return std::make_shared<std::string>(text);
-}
-
 // Distinct pictures have distinct widths, so a mix-up shows in the failure message too.
 inline Pic NewPic(int width = 1) {
-    Media::InitializationOptions options;
-    options.size = {width, 1};
-    options.pixelFormat = Media::PixelFormat::ALPHA_8;
-    return Pic(Media::PixelMap::Create(options));
-}
-
-inline std::shared_ptr<RichText> TextRun(std::shared_ptr<std::string> text,
-                                         std::shared_ptr<std::string> color = nullptr) {
-    auto run = std::make_shared<RichText>();
-    run->SetText(std::move(text));
-    run->SetTextColor(std::move(color));
-    return run;
+    return Picture(width, 1, Media::PixelFormat::ALPHA_8);
 }
 
 inline LiveView MakeLiveView(const std::shared_ptr<PrimaryData>& primary,

@@ -136,7 +136,7 @@ TEST_F(ExtensionConversionTest, CoverFlagIsNeverLowered) {
 TEST(ExternalConversionTest, KeysOfSetFieldsOnly) {
     auto external = std::make_shared<ExternalData>();
     external->SetTitle(Str("Flight LH 123"));
-    external->AddContent(TextRun(Str("Boarding"), Str("#FFFF0000")));
+    external->AddContent(Rich(Str("Boarding"), Str("#FFFF0000")));
     external->SetBackgroundColor(Str("#102030"));
     Outputs out;
     LiveViewParamConversion::ExternalDataParamConversion(MakeLiveView(nullptr, nullptr, external),

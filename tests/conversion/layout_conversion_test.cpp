@@ -44,12 +44,12 @@ protected:
 TEST_F(LayoutConversionTest, FullProgressLayout) {
     const Pic indicator = NewPic(4);
     auto layout = NewLayout<ProgressLayout>(LayoutData::PROGRESS);
-    layout->SetProgress(Ptr(40));
+    layout->SetProgress(Int(40));
     layout->SetColor(Str("#FF00FF00"));
     layout->SetBackgroundColor(Str("#FF000000"));
-    layout->SetIndicatorType(Ptr(1));
+    layout->SetIndicatorType(Int(1));
     layout->SetIndicatorIcon(indicator);
-    layout->SetLineType(Ptr(2));
+    layout->SetLineType(Int(2));
     layout->SetNodeIconsStr({"media:a", "media:b", "media:c"});
     layout->SetNodeIcons({NewPic(5)});
     const Outputs out = Convert(layout);
@@ -87,7 +87,7 @@ TEST_F(LayoutConversionTest, FullPickupAndFlightLayouts) {
     flight->SetLastTitle(Str("10:45"));
     flight->SetLastContent(Str("Rome"));
     flight->SetSpaceIcon(plane);
-    flight->SetIsHorizontalLineDisplayed(Ptr(false));
+    flight->SetIsHorizontalLineDisplayed(Bool(false));
     flight->SetAdditionalText(Str("Gate 12"));
     out = Convert(flight);
     ExpectParams(*out.extra, {{"LayoutData.layoutType", 5},
@@ -110,10 +110,9 @@ TEST_F(LayoutConversionTest, FullScoreAndNavigationLayouts) {
     score->SetGuestName(Str("Bears"));
     score->SetGuestIcon(guest);
     score->SetGuestScore(Str("1"));
-    score->SetCompetitionDescVector(
-        {TextRun(Str("Final"), Str("#FFFFFFFF")), TextRun(Str(" 2nd half"))});
+    score->SetCompetitionDescVector({Rich(Str("Final"), Str("#FFFFFFFF")), Rich(Str(" 2nd half"))});
     score->SetCompetitionTime(Str("67'"));
-    score->SetIsHorizontalLineDisplayed(Ptr(true));
+    score->SetIsHorizontalLineDisplayed(Bool(true));
     Outputs out = Convert(score);
     ExpectParams(*out.extra,
                  {{"LayoutData.layoutType", 7},
@@ -144,7 +143,7 @@ TEST_F(LayoutConversionTest, FullScoreAndNavigationLayouts) {
 TEST_F(LayoutConversionTest, PlainScoreDescriptionWinsOverTheVector) {
     auto score = NewLayout<ScoreLayout>(LayoutData::SCORE);
     score->SetCompetitionDesc(Str("Semi \"final\""));
-    score->SetCompetitionDescVector({TextRun(Str("ignored"), Str("#FF000000"))});
+    score->SetCompetitionDescVector({Rich(Str("ignored"), Str("#FF000000"))});
     ExpectParams(*Convert(score).extra,
                  {{"LayoutData.layoutType", 7},
                   {"ScoreLayout.competitionDesc", R"([{"text":"Semi \"final\""}])"s}});

@@ -31,15 +31,15 @@ TEST(RichTextJsonTest, ExactUnformattedText) {
     };
     const Row rows[] = {
         {"text and colour, then text only",
-         {TextRun(Str("Arrives in "), Str("#FF000000")), TextRun(Str("5 min"))},
+         {Rich(Str("Arrives in "), Str("#FF000000")), Rich(Str("5 min"))},
          R"([{"text":"Arrives in ","textColor":"#FF000000"},{"text":"5 min"}])"},
-        {"colour only", {TextRun(nullptr, Str("#FF112233"))}, R"([{"textColor":"#FF112233"}])"},
-        {"all-empty element", {TextRun(nullptr)}, "[{}]"},
-        {"empty text is kept", {TextRun(Str(""))}, R"([{"text":""}])"},
+        {"colour only", {Rich(nullptr, Str("#FF112233"))}, R"([{"textColor":"#FF112233"}])"},
+        {"all-empty element", {Rich(nullptr)}, "[{}]"},
+        {"empty text is kept", {Rich(Str(""))}, R"([{"text":""}])"},
         {"one empty pointer", {nullptr}, "[]"},
-        {"empty pointers skipped", {nullptr, TextRun(Str("a")), nullptr}, R"([{"text":"a"}])"},
+        {"empty pointers skipped", {nullptr, Rich(Str("a")), nullptr}, R"([{"text":"a"}])"},
         {"escapes",
-         {TextRun(Str("say \"hi\"\\\nGate \xC3\xA9t\xC3\xA9"))},
+         {Rich(Str("say \"hi\"\\\nGate \xC3\xA9t\xC3\xA9"))},
          "[{\"text\":\"say \\\"hi\\\"\\\\\\nGate \xC3\xA9t\xC3\xA9\"}]"},
     };
     for (const auto& row : rows) {
@@ -66,7 +66,7 @@ protected:
 // Whichever allocation fails, the key carries the untouched (empty) text and one error line of
 // BuildContentJson is written; never a partial text.
 TEST_F(RichTextJsonAllocationTest, AnyFailedAllocationLeavesTheTextUntouched) {
-    const Runs runs = {TextRun(Str("a"), Str("#FF000000")), TextRun(Str("b"))};
+    const Runs runs = {Rich(Str("a"), Str("#FF000000")), Rich(Str("b"))};
     const std::string full = R"([{"text":"a","textColor":"#FF000000"},{"text":"b"}])";
     cJSON_Hooks hooks{&FailingAllocator::Allocate, &std::free};
     cJSON_InitHooks(&hooks);

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "host_control.h"
+#include "live_view_content.h"
 #include "notification_helper.h"
 #include "notification_live_view_content.h"
 #include "pixel_map.h"
@@ -22,6 +23,7 @@ namespace Tavi {
 namespace Host {
 namespace Testing {
 
+using LiveViewTest::LiveViewContentOf;
 using Notification::ErrCode;
 using Notification::LiveViewFilter;
 using Notification::NotificationContent;
@@ -35,16 +37,6 @@ constexpr int32_t kUid = 20010001;
 constexpr uint32_t kNoVersion = NotificationLiveViewContent::MAX_VERSION;
 // Where the manual service clock starts in every test.
 constexpr int64_t kStartMillis = 1000000;
-
-inline std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(
-    const NotificationRequest& request) {
-    auto content = request.GetContent();
-    if (content == nullptr) {
-        return nullptr;
-    }
-    return std::dynamic_pointer_cast<NotificationLiveViewContent>(
-        content->GetNotificationContent());
-}
 
 // A live view request on the live view slot with no extra info and no pictures.
 inline sptr<NotificationRequest> MakeLiveView(int32_t id, Status status,

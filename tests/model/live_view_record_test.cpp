@@ -9,6 +9,7 @@
 #include "live_view.h"
 #include "pickup_layout.h"
 #include "progress_capsule.h"
+#include "record_builders.h"
 #include "text_capsule.h"
 #include "timer_capsule.h"
 
@@ -25,11 +26,7 @@ static_assert(std::is_signed<std::underlying_type_t<LayoutData::LayoutType>>::va
                   sizeof(LayoutData::LayoutType) == sizeof(int32_t),
               "layout types are signed 32 bits");
 
-std::shared_ptr<RichText> MakeRun(const std::string& text) {
-    auto run = std::make_shared<RichText>();
-    run->SetText(std::make_shared<std::string>(text));
-    return run;
-}
+using Builders::TextRun;
 
 // What a live view is built from; every link is optional.
 struct Links {
@@ -131,8 +128,8 @@ TEST(PrimaryDataTest, AddContentSkipsEmptyAndKeepsOrder) {
     primary.AddContent(nullptr);
     EXPECT_TRUE(primary.GetContent().empty());
 
-    const auto first = MakeRun("first");
-    const auto second = MakeRun("second");
+    const auto first = TextRun("first");
+    const auto second = TextRun("second");
     primary.AddContent(first);
     primary.AddContent(nullptr);
     primary.AddContent(second);
@@ -141,9 +138,9 @@ TEST(PrimaryDataTest, AddContentSkipsEmptyAndKeepsOrder) {
 
 TEST(PrimaryDataTest, ListGettersHandOutCopies) {
     PrimaryData primary;
-    primary.AddContent(MakeRun("kept"));
+    primary.AddContent(TextRun("kept"));
     std::vector<std::shared_ptr<RichText>> copy = primary.GetContent();
-    copy.push_back(MakeRun("extra"));
+    copy.push_back(TextRun("extra"));
     copy.front() = nullptr;
     ASSERT_EQ(primary.GetContent().size(), 1u);
     ASSERT_NE(primary.GetContent().front(), nullptr);
@@ -158,7 +155,7 @@ TEST(ExternalDataTest, AddContentKeepsEmptyPointers) {
     external.AddContent(nullptr);
     ASSERT_EQ(external.GetContent().size(), 1u);
     EXPECT_EQ(external.GetContent().front(), nullptr);
-    const auto run = MakeRun("run");
+    const auto run = TextRun("run");
     external.AddContent(run);
     EXPECT_EQ(external.GetContent(), (std::vector<std::shared_ptr<RichText>>{nullptr, run}));
 }

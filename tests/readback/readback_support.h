@@ -1,11 +1,11 @@
-// Shared by the read-back suites: a live-view request assembled piece by piece, a listing of every
-// field of a record for comparing records, a fixture that captures log lines, and value makers.
+// Shared by the read-back suites: a listing of every field of a record for comparing records and a
+// fixture that captures log lines; requests assembled piece by piece and value makers come from
+// record_builders.h.
 #ifndef LIVE_VIEW_TESTS_READBACK_SUPPORT_H
 #define LIVE_VIEW_TESTS_READBACK_SUPPORT_H
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +22,7 @@
 #include "pixel_map.h"
 #include "progress_capsule.h"
 #include "progress_layout.h"
+#include "record_builders.h"
 #include "score_layout.h"
 #include "text_capsule.h"
 #include "timer_capsule.h"
@@ -32,34 +33,11 @@ namespace Tavi {
 namespace Wisp {
 namespace LiveView {
 
-using PictureMap = std::map<std::string, std::vector<std::shared_ptr<Media::PixelMap>>>;
-
-inline std::shared_ptr<std::string> Str(const std::string& text) {
-    return std::make_shared<std::string>(text);
-}
-
-// Pictures are told apart by their width.
-inline std::shared_ptr<Media::PixelMap> Picture(int width) {
-    Media::InitializationOptions options;
-    options.size = {width, 1};
-    return std::shared_ptr<Media::PixelMap>(Media::PixelMap::Create(options));
-}
-
-// The pieces of a live-view request; Build() attaches extra and pictures to the content.
-struct RequestParts {
-    sptr<Notification::NotificationRequest> request = new Notification::NotificationRequest(7);
-    std::shared_ptr<Notification::NotificationLiveViewContent> content =
-        std::make_shared<Notification::NotificationLiveViewContent>();
-    std::shared_ptr<AAFwk::WantParams> extra = std::make_shared<AAFwk::WantParams>();
-    PictureMap pictures;
-
-    sptr<Notification::NotificationRequest> Build() {
-        content->SetExtraInfo(extra);
-        content->SetPicture(pictures);
-        request->SetContent(std::make_shared<Notification::NotificationContent>(content));
-        return request;
-    }
-};
+using Builders::Picture;
+using Builders::PictureMap;
+using Builders::RequestParts;
+using Builders::Str;
+using Builders::TextRun;
 
 using WantAgent = AbilityRuntime::WantAgent::WantAgent;
 

@@ -27,15 +27,6 @@ using Conversion = LiveViewParamConversion;
 
 enum class PictureForm { STRING, PIXEL_MAP };
 
-std::shared_ptr<RichText> Run(const std::string& text, const char* color) {
-    auto run = std::make_shared<RichText>();
-    run->SetText(Str(text));
-    if (color != nullptr) {
-        run->SetTextColor(Str(color));
-    }
-    return run;
-}
-
 // Builds a valid record of the given kinds, each picture in the given form.
 class RecordMaker {
 public:
@@ -55,7 +46,7 @@ public:
 
         auto primary = std::make_shared<PrimaryData>();
         primary->SetTitle(Str("Order 42"));
-        primary->SetContent({Run("On the way", "#FF00FF00"), Run("soon", nullptr)});
+        primary->SetContent({TextRun("On the way", "#FF00FF00"), TextRun("soon")});
         primary->SetClickAction(std::make_shared<WantAgent>("app/Order"));
         Pair(*primary, &PrimaryData::SetImmersivePicStr, &PrimaryData::SetImmersivePic);
         primary->SetImmersiveAbilityName(Str("ImmersiveAbility"));
@@ -77,7 +68,7 @@ public:
         data->SetCapsule(MakeCapsule(capsuleType));
         auto external = std::make_shared<ExternalData>();
         external->SetTitle(Str("Courier"));
-        external->SetContent({Run("2 km", "#FFFFFFFF")});
+        external->SetContent({TextRun("2 km", "#FFFFFFFF")});
         external->SetBackgroundColor(Str("#123456"));
         data->SetExternal(external);
         v.SetLiveViewData(data);
@@ -144,7 +135,7 @@ private:
             layout->SetGuestName(Str("Away"));
             Pair(*layout, &ScoreLayout::SetGuestIconStr, &ScoreLayout::SetGuestIcon);
             layout->SetGuestScore(Str("1"));
-            layout->SetCompetitionDescVector({Run("Final", "#FFFF0000"), Run("2nd half", nullptr)});
+            layout->SetCompetitionDescVector({TextRun("Final", "#FFFF0000"), TextRun("2nd half")});
             layout->SetCompetitionTime(Str("78'"));
             layout->SetIsHorizontalLineDisplayed(std::make_shared<bool>(false));
             made = layout;

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "log_capture.h"
 #include "robustness_support.h"
 
 namespace Tavi {
@@ -90,13 +91,7 @@ protected:
     }
 
     // The texts of the log lines written since the last call.
-    static std::vector<std::string> Logs() {
-        std::vector<std::string> texts;
-        for (const auto& line : Host::TakeLogLines()) {
-            texts.push_back(line.text);
-        }
-        return texts;
-    }
+    static std::vector<std::string> Logs() { return LiveViewTest::TakeLogTexts(); }
 };
 
 TEST_F(HostileReadBackTest, RichTextNestedBeyondTheBoundIsRefusedAtEveryDepth) {

@@ -121,21 +121,6 @@ const std::string kNavigationIconsCount =
     "[or the "
     "parameter length exceeds the limit].";
 
-struct Case {
-    std::string name;
-    std::function<void(LiveView&)> change;  // applied to StartRecord()
-    Answer expected;                        // the start entry point's answer
-};
-
-void RunCases(const std::vector<Case>& cases) {
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        LiveView liveView = StartRecord();
-        c.change(liveView);
-        EXPECT_EQ(ValidateStart(liveView), c.expected);
-    }
-}
-
 using HostileTextTest = RobustnessTest;
 using HostileListTest = RobustnessTest;
 using HostilePictureTest = RobustnessTest;

@@ -46,21 +46,6 @@ const std::string kPublishError = "StartLiveView publishNotification error.";
 
 using NumberExtremesTest = RobustnessTest;
 
-struct Case {
-    std::string name;
-    std::function<void(LiveView&)> change;  // applied to StartRecord()
-    Answer expected;                        // the start entry point's answer
-};
-
-void RunCases(const std::vector<Case>& cases) {
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        LiveView liveView = StartRecord();
-        c.change(liveView);
-        EXPECT_EQ(ValidateStart(liveView), c.expected);
-    }
-}
-
 template <typename Capsule>
 std::function<void(LiveView&)> WithCapsule(std::shared_ptr<Capsule> (*make)(),
                                            std::function<void(Capsule&)> change) {

@@ -10,6 +10,15 @@
 
 namespace LiveViewTest {
 
+// The texts of the log lines written since the last take.
+inline std::vector<std::string> TakeLogTexts() {
+    std::vector<std::string> texts;
+    for (const auto& line : Tavi::Host::TakeLogLines()) {
+        texts.push_back(line.text);
+    }
+    return texts;
+}
+
 class HostCapture {
 public:
     HostCapture() {
@@ -19,13 +28,7 @@ public:
     ~HostCapture() { Tavi::Host::ResetAll(); }
 
     // The texts of the log lines written since the last call.
-    std::vector<std::string> LogTexts() {
-        std::vector<std::string> texts;
-        for (const auto& line : Tavi::Host::TakeLogLines()) {
-            texts.push_back(line.text);
-        }
-        return texts;
-    }
+    std::vector<std::string> LogTexts() { return TakeLogTexts(); }
 };
 
 }  // namespace LiveViewTest

@@ -18,7 +18,7 @@ const std::string CONTENT = Err("primary.content", "Array<RichText>", LEN);
 const std::string PARAMS = "primary.immersiveParameters";
 
 BaseRsp CheckPrimary(const std::shared_ptr<PrimaryData>& primary, const LiveView::Operation& op) {
-    LiveView v = ValidLiveView();
+    LiveView v = StartRecord();
     v.GetLiveViewData()->SetPrimary(primary);
     return Validate::PrimaryDataParamValidate(v, op);
 }
@@ -36,7 +36,7 @@ auto Content(const std::vector<RunPtr>& runs) {
     return [runs](std::shared_ptr<PrimaryData>& p) { p->SetContent(runs); };
 }
 auto Colors(std::shared_ptr<std::string> first, std::shared_ptr<std::string> second = nullptr) {
-    return Content({Rich(S("a"), first), Rich(S("b"), second)});
+    return Content({Rich(Str("a"), first), Rich(Str("b"), second)});
 }
 
 TEST(CommonValidateTest, RulesInOrder) {
@@ -51,13 +51,13 @@ TEST(CommonValidateTest, RulesInOrder) {
          Len("liveView.event")},
         {"event of blanks", [](auto& v) { v->SetEvent("  "); }, STOP, Len("liveView.event")},
         {"sequence -1 before data",
-         [](auto& v) { v->SetSequence(N(-1)), v->SetLiveViewData(nullptr); }, START,
+         [](auto& v) { v->SetSequence(Int(-1)), v->SetLiveViewData(nullptr); }, START,
          Err("liveView.sequence", "number", RANGE)},
         {"no data", [](auto& v) { v->SetLiveViewData(nullptr); }, START,
          Err("liveView.liveViewData", "LiveViewData", MAND)},
     };
     RunCases<LiveView>(
-        cases, [] { return std::make_shared<LiveView>(ValidLiveView()); },
+        cases, [] { return std::make_shared<LiveView>(StartRecord()); },
         [](const auto& v, const auto&) { return Validate::CommonDataParamValidate(*v); });
 }
 
@@ -74,7 +74,7 @@ TEST(TimerValidateTest, TimeNotNegative) {
     RunCases<LiveViewTimer>(
         cases, [] { return std::make_shared<LiveViewTimer>(); },
         [](const auto& timer, const auto&) {
-            LiveView v = ValidLiveView();
+            LiveView v = StartRecord();
             v.SetTimer(timer);
             return Validate::TimerDataParamValidate(v);
         });
@@ -95,14 +95,14 @@ TEST(PrimaryValidateTest, RulesInOrder) {
          [](auto& p) { p->SetParamFailed("title"), p->SetTitle(nullptr); }, START, "title"},
         {"title 1024 bytes", [](auto& p) { p->SetTitle(Bytes(1024)); }, UPDATE,
          Len("primary.title")},
-        {"title of blanks", [](auto& p) { p->SetTitle(S("   ")); }, START, Len("primary.title")},
+        {"title of blanks", [](auto& p) { p->SetTitle(Str("   ")); }, START, Len("primary.title")},
         {"empty on start: title first", [](auto& p) { p = std::make_shared<PrimaryData>(); }, START,
          Mand("primary.title")},
         {"content before click action",
          [](auto& p) { p->SetContent({}), p->SetClickAction(nullptr); }, START,
          Err("primary.content", "Array<RichText>", MAND)},
         {"click action before immersive",
-         [](auto& p) { p->SetClickAction(nullptr), p->SetImmersivePicStr(S("")); }, START, click},
+         [](auto& p) { p->SetClickAction(nullptr), p->SetImmersivePicStr(Str("")); }, START, click},
         {"empty on update", [](auto& p) { p = std::make_shared<PrimaryData>(); }, UPDATE, OK},
         {"immersive picture 256 bytes", [](auto& p) { p->SetImmersivePicStr(Bytes(256)); }, STOP,
          Err("primary.immersivePic", PIC, LEN)},
@@ -122,24 +122,25 @@ TEST(PrimaryValidateTest, RulesInOrder) {
 
 // The list rule reaches the caller as the primary content message; the limit is 1024 there.
 TEST(RichTextValidateTest, ItemsSumAndOneColour) {
-    const auto red = S("#FF000000");
+    const auto red = Str("#FF000000");
     const std::vector<Case<PrimaryData>> cases = {
-        {"upper bounds", Content({Rich(Bytes(600)), Rich(Bytes(423), S("#ff00aa00"))}), START, OK},
+        {"upper bounds", Content({Rich(Bytes(600)), Rich(Bytes(423), Str("#ff00aa00"))}), START,
+         OK},
         {"one item 1024 bytes", Content({Rich(Bytes(1024))}), START, CONTENT},
         {"sum 1024 bytes", Content({Rich(Bytes(600)), Rich(Bytes(424))}), STOP, CONTENT},
-        {"null items skipped", Content({nullptr, Rich(S("a")), nullptr}), START, OK},
+        {"null items skipped", Content({nullptr, Rich(Str("a")), nullptr}), START, OK},
         {"only null items", Content({nullptr}), UPDATE, CONTENT},
-        {"item without text", Content({Rich(S("a")), Rich(nullptr)}), START, CONTENT},
-        {"blank item", Content({Rich(S("  "))}), START, CONTENT},
-        {"one colour and none", Content({Rich(S("a"), red), Rich(S("b")), Rich(S("c"), red)}),
+        {"item without text", Content({Rich(Str("a")), Rich(nullptr)}), START, CONTENT},
+        {"blank item", Content({Rich(Str("  "))}), START, CONTENT},
+        {"one colour and none", Content({Rich(Str("a"), red), Rich(Str("b")), Rich(Str("c"), red)}),
          START, OK},
-        {"colours differ in case", Colors(red, S("#ff000000")), START, CONTENT},
-        {"six digits", Colors(S("#FFFFFF")), START, CONTENT},
-        {"no hash sign", Colors(S("FF000000")), START, CONTENT},
-        {"leading blank", Colors(S(" #FF000000")), START, CONTENT},
-        {"trailing newline", Colors(S("#FF000000\n")), START, CONTENT},
-        {"not hexadecimal", Colors(S("#FF00000G")), START, CONTENT},
-        {"one megabyte", Colors(S("#" + std::string(1 << 20, 'F'))), START, CONTENT},
+        {"colours differ in case", Colors(red, Str("#ff000000")), START, CONTENT},
+        {"six digits", Colors(Str("#FFFFFF")), START, CONTENT},
+        {"no hash sign", Colors(Str("FF000000")), START, CONTENT},
+        {"leading blank", Colors(Str(" #FF000000")), START, CONTENT},
+        {"trailing newline", Colors(Str("#FF000000\n")), START, CONTENT},
+        {"not hexadecimal", Colors(Str("#FF00000G")), START, CONTENT},
+        {"one megabyte", Colors(Str("#" + std::string(1 << 20, 'F'))), START, CONTENT},
     };
     RunCases<PrimaryData>(cases, ValidPrimary, CheckPrimary);
 }
@@ -162,10 +163,10 @@ TEST(PrimaryValidateTest, StopClampsKeepTimeIntoRecord) {
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
-        LiveView v = ValidLiveView();
+        LiveView v = StartRecord();
         const auto primary = LiveView::GetPrimaryData(v);
-        primary->SetKeepTime(N(row.keepTime));
-        primary->SetImmersivePicStr(row.laterRuleFails ? S("") : nullptr);
+        primary->SetKeepTime(Int(row.keepTime));
+        primary->SetImmersivePicStr(row.laterRuleFails ? Str("") : nullptr);
         ExpectRsp(Validate::PrimaryDataParamValidate(v, row.operation),
                   row.laterRuleFails ? Err("primary.immersivePic", PIC, LEN) : OK);
         EXPECT_EQ(*primary->GetKeepTime(), row.expectedKeepTime);

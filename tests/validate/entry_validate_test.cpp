@@ -42,10 +42,10 @@ void BadCapsule(std::shared_ptr<LiveView>& v) {
     v->GetLiveViewData()->SetCapsule(std::make_shared<TextCapsule>());
 }
 void GoodCapsule(std::shared_ptr<LiveView>& v) {
-    v->GetLiveViewData()->SetCapsule(ValidTextCapsule());
+    v->GetLiveViewData()->SetCapsule(TextCapsuleForStart());
 }
 void GoodExternal(std::shared_ptr<LiveView>& v) {
-    v->GetLiveViewData()->SetExternal(ValidExternal());
+    v->GetLiveViewData()->SetExternal(ExternalForStart());
 }
 void BadExternal(std::shared_ptr<LiveView>& v) {
     GoodExternal(v), v->GetLiveViewData()->GetExternal()->SetTitle(Bytes(128));
@@ -64,7 +64,7 @@ Change All(std::vector<Change> changes) {
     };
 }
 std::shared_ptr<LiveView> MakeValid() {
-    return std::make_shared<LiveView>(ValidLiveView());
+    return std::make_shared<LiveView>(StartRecord());
 }
 
 TEST(StartEntryTest, SectionsInOrder) {
@@ -118,21 +118,22 @@ TEST(HostileRecordTest, NoCheckThrows) {
          Err("liveViewData.primary", "PrimaryData", MAND)},
         {"extreme numbers",
          [](auto& v) {
-             GoodCapsule(v), v->GetLiveViewData()->GetCapsule()->SetStatus(N(INT_MAX));
-             Primary(v)->SetKeepTime(N(INT_MIN)), v->SetSequence(N(INT_MIN));
+             GoodCapsule(v), v->GetLiveViewData()->GetCapsule()->SetStatus(Int(INT_MAX));
+             Primary(v)->SetKeepTime(Int(INT_MIN)), v->SetSequence(Int(INT_MIN));
          },
          STOP, Err("liveView.sequence", "number", RANGE)},
         {"null entries",
          [](auto& v) {
-             auto score = ValidScore();
+             auto score = ScoreLayoutForStart();
              score->SetCompetitionDescVector({nullptr, Rich(nullptr)});
              Primary(v)->SetLayoutData(score), Primary(v)->SetContent({nullptr, Rich(nullptr)});
          },
          START, Err("primary.content", "Array<RichText>", LEN)},
         {"huge texts and colour",
          [&huge](auto& v) {
-             GoodCapsule(v), v->GetLiveViewData()->GetCapsule()->SetBackgroundColor(S("#" + huge));
-             Primary(v)->SetTitle(S(huge + "t"));
+             GoodCapsule(v);
+             v->GetLiveViewData()->GetCapsule()->SetBackgroundColor(Str("#" + huge));
+             Primary(v)->SetTitle(Str(huge + "t"));
          },
          UPDATE, Len("primary.title")},
         {"kinds that their types do not name",

@@ -37,7 +37,7 @@ TEST(LayoutValidateTest, EntryRules) {
         {"plain layout typed progress", [](auto& l) { l = Kind<LayoutData>(LayoutData::PROGRESS); },
          START, OK},
     };
-    RunLayoutCases<LayoutData>(cases, ValidPickup);
+    RunLayoutCases<LayoutData>(cases, PickupLayoutForStart);
 }
 
 TEST(LayoutValidateTest, ProgressLayout) {
@@ -49,32 +49,32 @@ TEST(LayoutValidateTest, ProgressLayout) {
     const std::vector<Case<ProgressLayout>> cases = {
         {"upper bounds",
          [](auto& l) {
-             l->SetProgress(N(100)), l->SetColor(S("#FF00FF00")), l->SetLineType(N(2));
-             l->SetIndicatorType(N(1)), l->SetIndicatorIcon(Image(30720));
+             l->SetProgress(Int(100)), l->SetColor(Str("#FF00FF00")), l->SetLineType(Int(2));
+             l->SetIndicatorType(Int(1)), l->SetIndicatorIcon(Image(30720));
              l->SetNodeIconsStr(Names(5)), l->SetNodeIcons(Images(5, 30720));
          },
          START, OK},
-        {"progress 101", [](auto& l) { l->SetProgress(N(101)); }, START, range},
-        {"progress -1", [](auto& l) { l->SetProgress(N(-1)); }, UPDATE, range},
+        {"progress 101", [](auto& l) { l->SetProgress(Int(101)); }, START, range},
+        {"progress -1", [](auto& l) { l->SetProgress(Int(-1)); }, UPDATE, range},
         {"no progress on update before colour",
-         [](auto& l) { l->SetProgress(nullptr), l->SetColor(S("#00FF00")); }, UPDATE,
+         [](auto& l) { l->SetProgress(nullptr), l->SetColor(Str("#00FF00")); }, UPDATE,
          Err("layoutData.progress", "number", MAND)},
-        {"six-digit colour", [](auto& l) { l->SetColor(S("#00FF00")); }, START,
+        {"six-digit colour", [](auto& l) { l->SetColor(Str("#00FF00")); }, START,
          Len("layoutData.color")},
-        {"six-digit background", [](auto& l) { l->SetBackgroundColor(S("#00FF00")); }, START,
+        {"six-digit background", [](auto& l) { l->SetBackgroundColor(Str("#00FF00")); }, START,
          Len("layoutData.backgroundColor")},
         {"line type 3 before indicator type 3",
-         [](auto& l) { l->SetLineType(N(3)), l->SetIndicatorType(N(3)); }, START, line},
-        {"line type -1", [](auto& l) { l->SetLineType(N(-1)); }, START, line},
-        {"indicator type -1", [](auto& l) { l->SetIndicatorType(N(-1)); }, START,
+         [](auto& l) { l->SetLineType(Int(3)), l->SetIndicatorType(Int(3)); }, START, line},
+        {"line type -1", [](auto& l) { l->SetLineType(Int(-1)); }, START, line},
+        {"indicator type -1", [](auto& l) { l->SetIndicatorType(Int(-1)); }, START,
          "Parameter error. The type of layoutData.indicatorTypetype mustbe IndicatorType"},
-        {"indicator type 0, no icon", [](auto& l) { l->SetIndicatorType(N(0)); }, START, OK},
-        {"indicator type 2, no icon", [](auto& l) { l->SetIndicatorType(N(2)); }, START,
+        {"indicator type 0, no icon", [](auto& l) { l->SetIndicatorType(Int(0)); }, START, OK},
+        {"indicator type 2, no icon", [](auto& l) { l->SetIndicatorType(Int(2)); }, START,
          Err(icon, PIC, MAND)},
-        {"indicator type 2, no icon, update", [](auto& l) { l->SetIndicatorType(N(2)); }, UPDATE,
+        {"indicator type 2, no icon, update", [](auto& l) { l->SetIndicatorType(Int(2)); }, UPDATE,
          OK},
         {"empty icon string before image 30721",
-         [](auto& l) { l->SetIndicatorIconStr(S("")), l->SetIndicatorIcon(Image(30721)); }, START,
+         [](auto& l) { l->SetIndicatorIconStr(Str("")), l->SetIndicatorIcon(Image(30721)); }, START,
          Err(icon, PIC)},
         {"icon image 30721", [](auto& l) { l->SetIndicatorIcon(Image(30721)); }, START, Len(icon)},
         {"no node icons on start", [](auto& l) { l->SetNodeIconsStr({}); }, START,
@@ -105,24 +105,24 @@ TEST(LayoutValidateTest, PickupLayout) {
             {"upper bounds",
              [](auto& l) {
                  l->SetTitle(Bytes(127)), l->SetContent(Bytes(127)), l->SetDescPicStr(nullptr);
-                 l->SetUnderlineColor(S("#FF00FF00")), l->SetDescPic(Image(30720));
+                 l->SetUnderlineColor(Str("#FF00FF00")), l->SetDescPic(Image(30720));
              },
              START, OK},
             {"title before content", [](auto& l) { l->SetTitle(nullptr), l->SetContent(nullptr); },
              START, Mand("layoutData.title")},
-            {"content of blanks", [](auto& l) { l->SetContent(S(" ")); }, STOP,
+            {"content of blanks", [](auto& l) { l->SetContent(Str(" ")); }, STOP,
              Len("layoutData.content")},
             {"six-digit underline before picture",
-             [](auto& l) { l->SetUnderlineColor(S("#00FF00")), l->SetDescPic(Image(30721)); },
+             [](auto& l) { l->SetUnderlineColor(Str("#00FF00")), l->SetDescPic(Image(30721)); },
              START, Len("layoutData.underlineColor")},
             {"image 30721", [](auto& l) { l->SetDescPic(Image(30721)); }, START, Len(pic)},
             {"no picture on start", [](auto& l) { l->SetDescPicStr(nullptr); }, START,
              Err(pic, PIC, MAND)},
             {"nothing on update", [](auto& l) { l = Kind<L>(LayoutData::PICKUP); }, UPDATE, OK},
-            {"empty picture string", [](auto& l) { l->SetDescPicStr(S("")); }, START,
+            {"empty picture string", [](auto& l) { l->SetDescPicStr(Str("")); }, START,
              Err(pic, PIC)},
         });
-    RunLayoutCases<L>(cases, ValidPickup);
+    RunLayoutCases<L>(cases, PickupLayoutForStart);
 }
 
 TEST(LayoutValidateTest, FlightLayout) {
@@ -141,7 +141,7 @@ TEST(LayoutValidateTest, FlightLayout) {
             {"first title before the rest", [](auto& l) { l = Kind<L>(LayoutData::FLIGHT); }, START,
              Mand("layoutData.firstTitle")},
             {"image 30721", [](auto& l) { l->SetSpaceIcon(Image(30721)); }, START, Len(icon)},
-            {"empty icon string", [](auto& l) { l->SetSpaceIconStr(S("")); }, START,
+            {"empty icon string", [](auto& l) { l->SetSpaceIconStr(Str("")); }, START,
              Err(icon, PIC)},
             {"additional text 1024 before no icon",
              [](auto& l) { l->SetAdditionalText(Bytes(1024)), l->SetSpaceIconStr(nullptr); }, START,
@@ -150,7 +150,7 @@ TEST(LayoutValidateTest, FlightLayout) {
              Err(icon, PIC, MAND)},
             {"nothing on update", [](auto& l) { l = Kind<L>(LayoutData::FLIGHT); }, UPDATE, OK},
         });
-    RunLayoutCases<L>(cases, ValidFlight);
+    RunLayoutCases<L>(cases, FlightLayoutForStart);
 }
 
 TEST(LayoutValidateTest, ScoreLayout) {
@@ -176,13 +176,13 @@ TEST(LayoutValidateTest, ScoreLayout) {
              Mand("layoutData.hostName")},
             {"host image 30721", [](auto& l) { l->SetHostIcon(Image(30721)); }, START,
              Err("layoutData.hostIcon", PIC, LEN)},
-            {"empty host icon string", [](auto& l) { l->SetHostIconStr(S("")); }, UPDATE,
+            {"empty host icon string", [](auto& l) { l->SetHostIconStr(Str("")); }, UPDATE,
              Err("layoutData.hostIcon", PIC)},
             {"no host icon", [](auto& l) { l->SetHostIconStr(nullptr); }, START,
              Err("layoutData.hostIcon", PIC, MAND)},
             {"guest image 30721", [](auto& l) { l->SetGuestIcon(Image(30721)); }, START,
              Err("layoutData.guestIcon", PIC, LEN)},
-            {"empty guest icon string", [](auto& l) { l->SetGuestIconStr(S("")); }, START,
+            {"empty guest icon string", [](auto& l) { l->SetGuestIconStr(Str("")); }, START,
              Err("layoutData.guestIcon", PIC)},
             {"no guest icon", [](auto& l) { l->SetGuestIconStr(nullptr); }, START,
              Err("layoutData.guestIcon", PIC, MAND)},
@@ -197,7 +197,7 @@ TEST(LayoutValidateTest, ScoreLayout) {
              START, Err(desc, descTypes, LEN)},
             {"nothing on update", [](auto& l) { l = Kind<L>(LayoutData::SCORE); }, UPDATE, OK},
         });
-    RunLayoutCases<L>(cases, ValidScore);
+    RunLayoutCases<L>(cases, ScoreLayoutForStart);
 }
 
 TEST(LayoutValidateTest, NavigationLayout) {
@@ -215,7 +215,7 @@ TEST(LayoutValidateTest, NavigationLayout) {
          START, OK},
         {"empty string before image 30721",
          [](auto& l) {
-             l->SetCurrentNavigationIconStr(S("")), l->SetCurrentNavigationIcon(Image(30721));
+             l->SetCurrentNavigationIconStr(Str("")), l->SetCurrentNavigationIcon(Image(30721));
          },
          START, Err(current + "Str", PIC)},
         {"image 30721", [](auto& l) { l->SetCurrentNavigationIcon(Image(30721)); }, UPDATE,
@@ -232,7 +232,7 @@ TEST(LayoutValidateTest, NavigationLayout) {
         {"null image", [](auto& l) { l->SetNavigationIcons(List<Pic>(nullptr, Image(1))); }, START,
          count},
     };
-    RunLayoutCases<NavigationLayout>(cases, ValidNavigation);
+    RunLayoutCases<NavigationLayout>(cases, NavigationLayoutForStart);
 }
 
 }  // namespace

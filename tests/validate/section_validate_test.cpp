@@ -23,7 +23,7 @@ auto ExtensionType(int type) {
 }
 std::shared_ptr<CapsuleData> Progress(int max, int progress) {
     auto c = CapsuleOf<ProgressCapsule>(CapsuleData::PROGRESS);
-    c->SetMax(N(max)), c->SetProgress(N(progress));
+    c->SetMax(Int(max)), c->SetProgress(Int(progress));
     return c;
 }
 std::shared_ptr<CapsuleData> Timer(std::shared_ptr<std::string> content) {
@@ -45,12 +45,13 @@ TEST(ExtensionValidateTest, RulesInOrder) {
         {"type 2 without text", ExtensionType(2), UPDATE, Mand("extensionData.text")},
         {"text 128 bytes", [](auto& e) { e->SetText(Bytes(128)); }, START,
          Len("extensionData.text")},
-        {"type 3, picture string only", [](auto& e) { ExtensionType(3)(e), e->SetPicStr(S("p")); },
-         START, OK},
+        {"type 3, picture string only",
+         [](auto& e) { ExtensionType(3)(e), e->SetPicStr(Str("p")); }, START, OK},
         {"type 4 without picture", ExtensionType(4), UPDATE, Err(pic, PIC, MAND)},
-        {"empty picture string", [](auto& e) { e->SetPicStr(S("")); }, START, Err(pic, PIC)},
+        {"empty picture string", [](auto& e) { e->SetPicStr(Str("")); }, START, Err(pic, PIC)},
         {"image 30721 before empty string",
-         [](auto& e) { e->SetPic(Image(30721)), e->SetPicStr(S("")); }, START, Err(pic, PIC, LEN)},
+         [](auto& e) { e->SetPic(Image(30721)), e->SetPicStr(Str("")); }, START,
+         Err(pic, PIC, LEN)},
     };
     RunCases<E>(
         cases,
@@ -60,7 +61,7 @@ TEST(ExtensionValidateTest, RulesInOrder) {
             return e;
         },
         [](const auto& extension, const auto&) {
-            LiveView v = ValidLiveView();
+            LiveView v = StartRecord();
             LiveView::GetPrimaryData(v)->SetExtensionData(extension);
             bool isPresent = false;
             return Validate::ExtendDataParamValidate(v, isPresent);
@@ -89,13 +90,13 @@ TEST(ExternalValidateTest, RulesInOrder) {
              x->SetContent({Rich(Bytes(100)), Rich(Bytes(100))});
          },
          STOP, Err("external.content", "Array<RichTxtt>", LEN)},
-        {"eight-digit background", [](auto& x) { x->SetBackgroundColor(S("#FF1A2B3C")); }, START,
+        {"eight-digit background", [](auto& x) { x->SetBackgroundColor(Str("#FF1A2B3C")); }, START,
          background},
-        {"background with blank", [](auto& x) { x->SetBackgroundColor(S(" #1A2B3C")); }, START,
+        {"background with blank", [](auto& x) { x->SetBackgroundColor(Str(" #1A2B3C")); }, START,
          background},
     };
-    RunCases<ExternalData>(cases, ValidExternal, [](const auto& external, const auto& op) {
-        LiveView v = ValidLiveView();
+    RunCases<ExternalData>(cases, ExternalForStart, [](const auto& external, const auto& op) {
+        LiveView v = StartRecord();
         v.GetLiveViewData()->SetExternal(external);
         bool isPresent = false;
         return Validate::ExternalDataParamValidate(v, op, isPresent);
@@ -116,14 +117,14 @@ TEST(CapsuleValidateTest, RulesInOrder) {
          START, OK},
         {"status absent", [](auto& c) { c->SetStatus(nullptr); }, UPDATE,
          Err("capsule.status", "number", MAND)},
-        {"status 0", [](auto& c) { c->SetStatus(N(0)); }, START,
+        {"status 0", [](auto& c) { c->SetStatus(Int(0)); }, START,
          Err("capsule.status", "number", RANGE)},
-        {"status 2", [](auto& c) { c->SetStatus(N(2)); }, START,
+        {"status 2", [](auto& c) { c->SetStatus(Int(2)); }, START,
          Err("capsule.status", "number", RANGE)},
         {"status -1 takes anything",
          [](auto& c) {
-             c->SetStatus(N(-1)), c->SetType(static_cast<CapsuleData::CapsuleType>(9));
-             c->SetBackgroundColor(S("#FF0000")), c->SetParamFailed("ignored");
+             c->SetStatus(Int(-1)), c->SetType(static_cast<CapsuleData::CapsuleType>(9));
+             c->SetBackgroundColor(Str("#FF0000")), c->SetParamFailed("ignored");
          },
          START, OK},
         {"param-failed text before type",
@@ -134,19 +135,19 @@ TEST(CapsuleValidateTest, RulesInOrder) {
         {"type 4", [](auto& c) { c->SetType(static_cast<CapsuleData::CapsuleType>(4)); }, UPDATE,
          type},
         {"image 30721 before empty string",
-         [](auto& c) { c->SetIcon(Image(30721)), c->SetIconStr(S("")); }, START,
+         [](auto& c) { c->SetIcon(Image(30721)), c->SetIconStr(Str("")); }, START,
          Err(icon, PIC, LEN)},
-        {"empty icon string on update", [](auto& c) { c->SetIconStr(S("")); }, UPDATE,
+        {"empty icon string on update", [](auto& c) { c->SetIconStr(Str("")); }, UPDATE,
          Err(icon, PIC)},
         {"no icon before bad colour",
-         [](auto& c) { c->SetIconStr(nullptr), c->SetBackgroundColor(S("#FF0000")); }, START,
+         [](auto& c) { c->SetIconStr(nullptr), c->SetBackgroundColor(Str("#FF0000")); }, START,
          Err(icon, PIC, MAND)},
         {"no icon, colour, title on update",
          [text](auto& c) {
              c->SetIconStr(nullptr), c->SetBackgroundColor(nullptr), text(c)->SetTitle(nullptr);
          },
          UPDATE, OK},
-        {"six-digit colour", [](auto& c) { c->SetBackgroundColor(S("#FF0000")); }, UPDATE,
+        {"six-digit colour", [](auto& c) { c->SetBackgroundColor(Str("#FF0000")); }, UPDATE,
          Len("capsule.backgroundColor")},
         {"no colour on start", [](auto& c) { c->SetBackgroundColor(nullptr); }, START,
          Mand("capsule.backgroundColor")},
@@ -167,8 +168,8 @@ TEST(CapsuleValidateTest, RulesInOrder) {
          [text](auto& c) { c->SetType(CapsuleData::TIMER), text(c)->SetTitle(Bytes(128)); }, START,
          OK},
     };
-    RunCases<CapsuleData>(cases, ValidTextCapsule, [](const auto& capsule, const auto& op) {
-        LiveView v = ValidLiveView();
+    RunCases<CapsuleData>(cases, TextCapsuleForStart, [](const auto& capsule, const auto& op) {
+        LiveView v = StartRecord();
         v.GetLiveViewData()->SetCapsule(capsule);
         bool isPresent = false;
         return Validate::CapsuleDataParamValidate(v, op, isPresent);
@@ -235,7 +236,7 @@ TEST(SectionFlagTest, FlagAndLogPerSection) {
             SCOPED_TRACE(std::string(row.label) +
                          (before ? ", flag was true" : ", flag was false"));
             LiveViewTest::HostCapture capture;
-            LiveView v = ValidLiveView();
+            LiveView v = StartRecord();
             row.change(v);
             bool isPresent = before;
             ExpectRsp(row.check(v, isPresent), row.expected);

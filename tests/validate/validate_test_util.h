@@ -1,5 +1,6 @@
-// Shared fixtures of the validation tests: records that pass every check on start, expected
-// messages, and a runner of labelled tables whose rows change a valid record.
+// Shared fixtures of the validation tests: expected messages, value makers, and a runner of
+// labelled tables whose rows change a record that passes every check on start (those of
+// record_builders.h, and a progress layout with only the fields a start requires).
 #ifndef LIVE_VIEW_TESTS_VALIDATE_TEST_UTIL_H
 #define LIVE_VIEW_TESTS_VALIDATE_TEST_UTIL_H
 
@@ -17,6 +18,7 @@
 #include "pickup_layout.h"
 #include "progress_capsule.h"
 #include "progress_layout.h"
+#include "record_builders.h"
 #include "score_layout.h"
 #include "text_capsule.h"
 #include "timer_capsule.h"
@@ -26,6 +28,7 @@ namespace Wisp {
 namespace LiveView {
 namespace ValidateTest {
 
+using namespace Builders;
 using Pic = std::shared_ptr<Media::PixelMap>;
 using RunPtr = std::shared_ptr<RichText>;
 using Validate = LiveViewParamValidate;
@@ -50,24 +53,12 @@ inline std::string Mand(const std::string& path) {
     return Err(path, "string", MAND);
 }
 
-inline std::shared_ptr<int> N(int value) {
-    return std::make_shared<int>(value);
-}
-inline std::shared_ptr<std::string> S(const std::string& text) {
-    return std::make_shared<std::string>(text);
-}
 inline std::shared_ptr<std::string> Bytes(size_t count) {
-    return S(std::string(count, 'a'));
+    return Str(std::string(count, 'a'));
 }
 // A picture that reports exactly `bytes` bytes.
 inline Pic Image(int32_t bytes) {
-    return Pic(Media::PixelMap::Create({{bytes, 1}, Media::PixelFormat::ALPHA_8}));
-}
-inline RunPtr Rich(std::shared_ptr<std::string> text,
-                   std::shared_ptr<std::string> color = nullptr) {
-    auto run = std::make_shared<RichText>();
-    run->SetText(std::move(text)), run->SetTextColor(std::move(color));
-    return run;
+    return Picture(bytes, 1, Media::PixelFormat::ALPHA_8);
 }
 template <typename T, typename... Items>
 std::vector<T> List(Items... items) {
@@ -90,70 +81,28 @@ std::shared_ptr<T> Kind(LayoutData::LayoutType type) {
     layout->SetLayoutType(type);
     return layout;
 }
+// The progress table breaks one field at a time of a layout with only the fields a start requires
+// (no indicator, no colours), unlike ProgressLayoutForStart().
 inline std::shared_ptr<ProgressLayout> ValidProgress() {
     auto l = Kind<ProgressLayout>(LayoutData::PROGRESS);
-    l->SetProgress(N(50)), l->SetNodeIconsStr(Names(2));
+    l->SetProgress(Int(50)), l->SetNodeIconsStr(Names(2));
     return l;
 }
-inline std::shared_ptr<PickupLayout> ValidPickup() {
-    auto l = Kind<PickupLayout>(LayoutData::PICKUP);
-    l->SetTitle(S("title")), l->SetContent(S("content")), l->SetDescPicStr(S("pic"));
-    return l;
-}
-inline std::shared_ptr<FlightLayout> ValidFlight() {
-    auto l = Kind<FlightLayout>(LayoutData::FLIGHT);
-    l->SetFirstTitle(S("PEK")), l->SetFirstContent(S("08:00")), l->SetLastTitle(S("SHA"));
-    l->SetLastContent(S("10:00")), l->SetSpaceIconStr(S("plane"));
-    return l;
-}
-inline std::shared_ptr<ScoreLayout> ValidScore() {
-    auto l = Kind<ScoreLayout>(LayoutData::SCORE);
-    l->SetHostName(S("host")), l->SetHostIconStr(S("h")), l->SetHostScore(S("1"));
-    l->SetGuestName(S("guest")), l->SetGuestIconStr(S("g")), l->SetGuestScore(S("2"));
-    l->SetCompetitionDesc(S("final")), l->SetCompetitionTime(S("90:00"));
-    return l;
-}
-inline std::shared_ptr<NavigationLayout> ValidNavigation() {
-    auto l = Kind<NavigationLayout>(LayoutData::NAVIGATION);
-    l->SetCurrentNavigationIconStr(S("left"));
-    return l;
-}
-
 inline std::shared_ptr<PrimaryData> ValidPrimary() {
-    auto p = std::make_shared<PrimaryData>();
-    p->SetTitle(S("title")), p->AddContent(Rich(S("content"))), p->SetLayoutData(ValidPickup());
-    p->SetClickAction(std::make_shared<AbilityRuntime::WantAgent::WantAgent>());
-    return p;
+    return LiveView::GetPrimaryData(StartRecord());
 }
 // A capsule of kind T, status 1, passing the rules that every kind shares.
 template <typename T>
 std::shared_ptr<T> CapsuleOf(CapsuleData::CapsuleType type) {
     auto c = std::make_shared<T>();
-    c->SetStatus(N(1)), c->SetType(type), c->SetIconStr(S("icon"));
-    c->SetBackgroundColor(S("#80FF0000"));
+    c->SetStatus(Int(1)), c->SetType(type), c->SetIconStr(Str("icon"));
+    c->SetBackgroundColor(Str("#80FF0000"));
     return c;
 }
-inline std::shared_ptr<TextCapsule> ValidTextCapsule() {
-    auto c = CapsuleOf<TextCapsule>(CapsuleData::TEXT);
-    c->SetTitle(S("title"));
-    return c;
-}
-inline std::shared_ptr<ExternalData> ValidExternal() {
-    auto x = std::make_shared<ExternalData>();
-    x->SetTitle(S("title")), x->AddContent(Rich(S("content"))), x->SetBackgroundColor(S("#1A2B3C"));
-    return x;
-}
-// Passes every check on start: a pickup layout and no optional section.
-inline LiveView ValidLiveView() {
-    auto data = std::make_shared<LiveViewData>();
-    data->SetPrimary(ValidPrimary());
-    LiveView v;
-    v.SetId(N(1)), v.SetEvent("PICKUP"), v.SetSequence(N(0)), v.SetLiveViewData(data);
-    return v;
-}
+// StartRecord() with the given layout.
 inline LiveView WithLayout(const std::shared_ptr<LayoutData>& layout) {
-    LiveView v = ValidLiveView();
-    LiveView::GetPrimaryData(v)->SetLayoutData(layout);
+    LiveView v = StartRecord();
+    SetLayout(v, layout);
     return v;
 }
 

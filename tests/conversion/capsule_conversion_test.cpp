@@ -145,11 +145,7 @@ TEST_F(CapsuleConversionTest, ObjectOfAnotherKindThanItsType) {
         }
         const Outputs out = Convert(row.capsule);
         ExpectParams(*out.extra, {{"CapsuleData.status", 1}, {"CapsuleData.type", row.type}});
-        EXPECT_THAT(
-            Logs(),
-            ElementsAre(Pair(
-                INFO, ::testing::AllOf(::testing::StartsWith("[live_view_param_conversion.cpp:"),
-                                       ::testing::EndsWith(row.log)))));
+        EXPECT_THAT(Logs(), OneConversionInfoLine(row.log));
     }
 }
 

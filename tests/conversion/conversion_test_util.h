@@ -3,6 +3,7 @@
 #ifndef LIVE_VIEW_TESTS_CONVERSION_TEST_UTIL_H
 #define LIVE_VIEW_TESTS_CONVERSION_TEST_UTIL_H
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <map>
@@ -155,6 +156,14 @@ protected:
 
     static constexpr int INFO = 4;
     static constexpr int ERROR = 6;
+
+    // Matches Logs() holding exactly one information line of the conversion unit that ends with
+    // ending.
+    static auto OneConversionInfoLine(const std::string& ending) {
+        return ::testing::ElementsAre(::testing::Pair(
+            INFO, ::testing::AllOf(::testing::StartsWith("[live_view_param_conversion.cpp:"),
+                                   ::testing::EndsWith(ending))));
+    }
 };
 
 }  // namespace Test

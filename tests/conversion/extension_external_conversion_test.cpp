@@ -189,11 +189,7 @@ TEST_F(AbsentSectionTest, WritesNothingAndOneInfoLine) {
         EXPECT_EQ(out.extra->Size(), 0);
         EXPECT_TRUE(out.pictures.empty());
         EXPECT_FALSE(out.request.IsCoverActionButtons());
-        EXPECT_THAT(
-            Logs(),
-            ElementsAre(Pair(
-                INFO, ::testing::AllOf(::testing::StartsWith("[live_view_param_conversion.cpp:"),
-                                       ::testing::EndsWith(row.line)))));
+        EXPECT_THAT(Logs(), OneConversionInfoLine(row.line));
     }
 }
 

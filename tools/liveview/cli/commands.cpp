@@ -30,6 +30,18 @@ int Unusable(const LiveViewJson::InputError& error, std::ostream& err) {
     return STATUS_UNUSABLE;
 }
 
+// Reads the live view of file with the library's diagnostics silenced; on unusable input writes
+// the reason to err and stores the exit status in status.
+bool LoadQuietly(const std::string& file, LiveView& liveView, std::ostream& err, int& status) {
+    Quiet();
+    LiveViewJson::InputError error;
+    if (LiveViewJson::LoadLiveView(file, liveView, error)) {
+        return true;
+    }
+    status = Unusable(error, err);
+    return false;
+}
+
 int Refused(const BaseRsp& rsp, std::ostream& out) {
     out << rsp.GetErrAsInt32() << ' ' << rsp.GetInfo() << '\n';
     return STATUS_REFUSED;
@@ -39,11 +51,10 @@ int Refused(const BaseRsp& rsp, std::ostream& out) {
 
 int RunValidate(const std::string& file, const std::string& operation, std::ostream& out,
                 std::ostream& err) {
-    Quiet();
     LiveView liveView;
-    LiveViewJson::InputError error;
-    if (!LiveViewJson::LoadLiveView(file, liveView, error)) {
-        return Unusable(error, err);
+    int status = STATUS_OK;
+    if (!LoadQuietly(file, liveView, err, status)) {
+        return status;
     }
     const LiveView::Operation op = OperationOf(operation);
     const BaseRsp rsp = op == LiveView::START
@@ -58,11 +69,10 @@ int RunValidate(const std::string& file, const std::string& operation, std::ostr
 
 int RunConvert(const std::string& file, const std::string& operation, std::ostream& out,
                std::ostream& err) {
-    Quiet();
     LiveView liveView;
-    LiveViewJson::InputError error;
-    if (!LiveViewJson::LoadLiveView(file, liveView, error)) {
-        return Unusable(error, err);
+    int status = STATUS_OK;
+    if (!LoadQuietly(file, liveView, err, status)) {
+        return status;
     }
     Tavi::Notification::NotificationRequest request;
     const BaseRsp rsp = BuildRequest(liveView, OperationOf(operation), request);

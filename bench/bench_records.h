@@ -16,10 +16,8 @@ namespace LiveViewBench {
 namespace LV = Tavi::Wisp::LiveView;
 using PictureMap = LV::LiveViewParamConversion::PictureMap;
 
-// The layout kinds that have fields of their own, in the order the benchmarks are numbered.
-constexpr LV::LayoutData::LayoutType LAYOUT_KINDS[] = {
-    LV::LayoutData::PROGRESS, LV::LayoutData::PICKUP, LV::LayoutData::FLIGHT, LV::LayoutData::SCORE,
-    LV::LayoutData::NAVIGATION};
+// The full records are numbered 0 .. LAYOUT_KIND_COUNT - 1, one for each layout kind that has
+// fields of its own.
 constexpr int LAYOUT_KIND_COUNT = 5;
 
 const char* LayoutName(int kindIndex);
@@ -27,14 +25,11 @@ const char* LayoutName(int kindIndex);
 LV::CapsuleData::CapsuleType CapsuleKindFor(int kindIndex);
 const char* CapsuleName(LV::CapsuleData::CapsuleType type);
 
-// A record that passes every check of a start: common data, timer, primary data with two rich
-// text runs, click action and immersive fields, an extension with a picture and a click action,
-// the layout of kindIndex with every field set, its capsule (CapsuleKindFor) with every field set,
-// and external data. Pictures come in both forms across the sections.
+// The shared full record of kindIndex (full_records.h): every section, every field set.
 std::unique_ptr<LV::LiveView> MakeFullRecord(int kindIndex, int id);
 
-// A small valid record: common data, primary data with one run, a pickup layout with resource
-// strings only.
+// The shared small start record (record_builders.h): primary data with one run and a pickup
+// layout with resource strings only.
 std::unique_ptr<LV::LiveView> MakeSmallRecord(int id);
 
 // A record whose only section is a timer capsule with status 1, its type, an icon resource string
@@ -45,7 +40,7 @@ std::unique_ptr<LV::LiveView> MakeColorCapsuleRecord();
 // character, all of the same colour.
 std::unique_ptr<LV::LiveView> MakeRichTextRecord(int runs);
 
-// The outputs of one conversion: what a client operation builds for every call.
+// The outputs of one section's conversion, as the request pipeline prepares them.
 struct Outputs {
     Outputs();
     Tavi::Notification::NotificationRequest request;
@@ -54,8 +49,9 @@ struct Outputs {
     PictureMap pictureMap;
 };
 
-// Every check and conversion of a start in the client's order; false when a check fails.
-bool ValidateAndConvertForStart(const LV::LiveView& liveView, Outputs& out);
+// The request that a start publishes, built by the request pipeline; false when a check fails.
+bool ValidateAndConvertForStart(const LV::LiveView& liveView,
+                                Tavi::Notification::NotificationRequest& request);
 
 // The floor's plan: every extra-info value as a plain value, and every picture list, taken once
 // from what the library wrote for a record.

@@ -13,6 +13,7 @@
 #include "alloc_counter.h"
 #include "bench_records.h"
 #include "host_control.h"
+#include "live_view_content_of.h"
 #include "notification_helper.h"
 #include "notification_live_view_filter.h"
 
@@ -237,43 +238,49 @@ void BM_ValidateAndConvert(benchmark::State& state, int kindIndex) {
     auto liveView = MakeFullRecord(kindIndex, 1);
     AllocMeter meter;
     for (auto _ : state) {
-        Outputs out;
-        if (!ValidateAndConvertForStart(*liveView, out)) {
+        Tavi::Notification::NotificationRequest request;
+        if (!ValidateAndConvertForStart(*liveView, request)) {
             state.SkipWithError("a check failed");
             break;
         }
-        benchmark::DoNotOptimize(out);
+        benchmark::DoNotOptimize(request);
     }
     meter.Report(state);
     ReportCJsonAllocations(state, [&] {
-        Outputs out;
-        ValidateAndConvertForStart(*liveView, out);
+        Tavi::Notification::NotificationRequest request;
+        ValidateAndConvertForStart(*liveView, request);
     });
 }
 
 void BM_Floor(benchmark::State& state, int kindIndex) {
     auto liveView = MakeFullRecord(kindIndex, 1);
-    Outputs reference;
+    Tavi::Notification::NotificationRequest reference;
     if (!ValidateAndConvertForStart(*liveView, reference)) {
         Die("the full record fails its checks");
     }
-    const FloorPlan plan(*reference.extraInfo, reference.pictureMap);
+    const auto content = LV::LiveViewContentOf(reference);
+    const FloorPlan plan(*content->GetExtraInfo(), content->GetPicture());
     // The floor must write exactly what the library wrote.
     Tavi::AAFwk::WantParams check;
     PictureMap checkPictures;
     plan.Write(check, checkPictures);
-    if (check != *reference.extraInfo || checkPictures != reference.pictureMap) {
+    if (check != *content->GetExtraInfo() || checkPictures != content->GetPicture()) {
         Die("the floor does not write what the library wrote");
     }
     state.counters["keys"] = static_cast<double>(plan.KeyCount());
     AllocMeter meter;
     for (auto _ : state) {
-        // The same fresh maps that the library's conversion writes into.
+        // The same fresh request, content and maps that the pipeline builds.
+        Tavi::Notification::NotificationRequest request;
+        auto liveViewContent = std::make_shared<Tavi::Notification::NotificationLiveViewContent>();
         auto extraInfo = std::make_shared<Tavi::AAFwk::WantParams>();
         PictureMap pictureMap;
         plan.Write(*extraInfo, pictureMap);
-        benchmark::DoNotOptimize(extraInfo);
-        benchmark::DoNotOptimize(pictureMap);
+        liveViewContent->SetExtraInfo(extraInfo);
+        liveViewContent->SetPicture(std::move(pictureMap));
+        request.SetContent(
+            std::make_shared<Tavi::Notification::NotificationContent>(liveViewContent));
+        benchmark::DoNotOptimize(request);
     }
     meter.Report(state);
 }

@@ -12,6 +12,8 @@
 
 #include "fuzz_codec.h"
 #include "fuzz_support.h"
+#include "live_view_content_of.h"
+#include "live_view_request_pipeline.h"
 
 namespace {
 
@@ -22,11 +24,7 @@ std::string ExpectedFailure(const sptr<Notification::NotificationRequest>& reque
     if (request == nullptr) {
         return "The notificationRequest is nullptr.";
     }
-    const auto holder = request->GetContent();
-    const auto content = holder == nullptr
-                             ? nullptr
-                             : std::dynamic_pointer_cast<Notification::NotificationLiveViewContent>(
-                                   holder->GetNotificationContent());
+    const auto content = LiveViewContentOf(*request);
     if (content == nullptr) {
         return "The liveViewContent is nullptr.";
     }
@@ -68,13 +66,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const BaseRsp again = NotificationRequestConversion::ConvertToLiveView(request, liveView);
     Expect(SameAnswer(rsp, again), "repeatable read-back", again.GetErrAsInt32(), again.GetInfo());
 
-    // Whatever came back is judged like any record.
+    // Whatever came back is judged like any record, as the continuation of what was read.
+    const HeldLiveView held =
+        failure.empty() ? HeldLiveView::FromExtraInfo(*LiveViewContentOf(*request)->GetExtraInfo())
+                        : HeldLiveView();
     for (const LiveView::Operation operation :
          {LiveView::START, LiveView::UPDATE, LiveView::STOP}) {
-        ExpectVerdict(LiveViewParamValidate::ValidateStartLiveViewParam(liveView, operation),
-                      "start entry point");
-        ExpectVerdict(LiveViewParamValidate::ValidateUpdateLiveViewParam(liveView, operation),
-                      "update entry point");
+        Notification::NotificationRequest built;
+        ExpectVerdict(LiveViewRequestPipeline::Build(liveView, operation, held, built).rsp,
+                      "pipeline answer");
     }
 
     // The same request through the service and back through the client.

@@ -2,7 +2,8 @@
 //   json_front_end_fuzzer/<name>.json  the example as it is,
 //   validate_fuzzer/<name>.bin         the record the front end reads from it,
 //   read_back_fuzzer/<name>.bin        the request the embedded service holds once it started,
-// plus a few seeds of hostile shapes that the examples do not have.
+// the same two binary seeds from the shared full records (every field of every kind set), plus a
+// few seeds of hostile shapes that the examples do not have.
 //
 // Usage: fuzz_seed_writer <folder of example live views> <corpus folder>
 #include <algorithm>
@@ -15,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "full_records.h"
 #include "fuzz_codec.h"
 #include "fuzz_support.h"
 #include "live_view_reader.h"
@@ -100,6 +102,31 @@ std::vector<uint8_t> ExtremeRecord(const LiveView& base) {
     return out.Bytes();
 }
 
+// Writes the record and held-request seeds of liveView under stem; false with the reason on
+// stderr when a seed would not read back as written or the record does not start.
+bool WriteBinarySeeds(const fs::path& corpus, const std::string& stem, const LiveView& liveView) {
+    ByteWriter record;
+    WriteLiveView(record, liveView);
+    if (!ReadsBackAsWritten(record.Bytes(), false)) {
+        std::cerr << stem << ": the record does not read back as written\n";
+        return false;
+    }
+    WriteFile(corpus / "validate_fuzzer" / (stem + ".bin"), record.Bytes());
+    const auto request = HeldAfterStart(liveView);
+    if (request == nullptr) {
+        std::cerr << stem << ": the record does not start\n";
+        return false;
+    }
+    ByteWriter held;
+    WriteRequest(held, request);
+    if (!ReadsBackAsWritten(held.Bytes(), true)) {
+        std::cerr << stem << ": the request does not read back as written\n";
+        return false;
+    }
+    WriteFile(corpus / "read_back_fuzzer" / (stem + ".bin"), held.Bytes());
+    return true;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -130,26 +157,16 @@ int main(int argc, char** argv) {
         }
         fs::copy_file(file, corpus / "json_front_end_fuzzer" / (stem + ".json"),
                       fs::copy_options::overwrite_existing);
-        ByteWriter record;
-        WriteLiveView(record, liveView);
-        if (!ReadsBackAsWritten(record.Bytes(), false)) {
-            std::cerr << file << ": the record does not read back as written\n";
+        if (!WriteBinarySeeds(corpus, stem, liveView)) {
             return 1;
         }
-        WriteFile(corpus / "validate_fuzzer" / (stem + ".bin"), record.Bytes());
-        const auto request = HeldAfterStart(liveView);
-        if (request == nullptr) {
-            std::cerr << file << ": the example does not start\n";
-            return 1;
-        }
-        ByteWriter held;
-        WriteRequest(held, request);
-        if (!ReadsBackAsWritten(held.Bytes(), true)) {
-            std::cerr << file << ": the request does not read back as written\n";
-            return 1;
-        }
-        WriteFile(corpus / "read_back_fuzzer" / (stem + ".bin"), held.Bytes());
         lastRecord = liveView;
+    }
+    for (const auto& kinds : Builders::FullRecordKindList()) {
+        if (!WriteBinarySeeds(corpus, std::string("full-") + kinds.layoutName,
+                              *Builders::FullRecord(kinds, 1))) {
+            return 1;
+        }
     }
     WriteFile(corpus / "read_back_fuzzer" / "rich-text-64-deep.bin", DeepRichTextRequest(64));
     WriteFile(corpus / "read_back_fuzzer" / "rich-text-1001-deep.bin", DeepRichTextRequest(1001));

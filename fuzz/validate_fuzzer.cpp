@@ -2,13 +2,15 @@
 // with their type fields, extreme numbers, long texts, gigabyte pictures, null list entries) go
 // through both validation entry points and every section check, for every operation. The
 // answers must be verdicts (success, or 401 with a message), repeatable, and those of the entry
-// algorithms applied to the section answers. A record that passes the start checks is then
-// started, read back, updated and stopped through the client against the embedded service.
+// algorithms applied to the section answers. The request pipeline decides whether the record is
+// a valid start; the client must agree: it publishes exactly such records, and then the live view
+// is read back, updated and stopped through the client against the embedded service.
 #include <cstddef>
 #include <cstdint>
 
 #include "fuzz_codec.h"
 #include "fuzz_support.h"
+#include "live_view_request_pipeline.h"
 
 namespace {
 
@@ -97,9 +99,10 @@ void PlayThroughClient(const uint8_t* data, size_t size) {
     LiveView liveView;
     ByteReader in(data, size);
     ReadLiveView(in, liveView);
+    Notification::NotificationRequest built;
     const bool passes =
-        LiveViewParamValidate::ValidateStartLiveViewParam(liveView, LiveView::START).Succeed() &&
-        LiveViewParamValidate::TimerDataParamValidate(liveView).Succeed();
+        LiveViewRequestPipeline::Build(liveView, LiveView::START, HeldLiveView(), built)
+            .rsp.Succeed();
     FreshHost();
     LiveViewClient client;
     LiveViewClient::LiveViewResult result;

@@ -19,6 +19,7 @@
 #include "live_view_param_conversion.h"
 #include "pixel_map.h"
 #include "record_builders.h"
+#include "want_box.h"
 #include "want_params.h"
 
 namespace Tavi {
@@ -75,25 +76,6 @@ struct Outputs {
 using Expected = std::variant<std::string, int, long, bool, std::vector<std::string>>;
 using ExpectedParams = std::map<std::string, Expected>;
 
-template <typename T>
-struct BoxInterface;
-template <>
-struct BoxInterface<std::string> {
-    using Type = AAFwk::IString;
-};
-template <>
-struct BoxInterface<int> {
-    using Type = AAFwk::IInteger;
-};
-template <>
-struct BoxInterface<long> {
-    using Type = AAFwk::ILong;
-};
-template <>
-struct BoxInterface<bool> {
-    using Type = AAFwk::IBoolean;
-};
-
 // params holds exactly the keys of expected, each with the box and value given.
 inline void ExpectParams(const AAFwk::WantParams& params, const ExpectedParams& expected) {
     std::vector<std::string> keys;
@@ -126,7 +108,7 @@ inline void ExpectParams(const AAFwk::WantParams& params, const ExpectedParams& 
                         EXPECT_EQ(AAFwk::String::Unbox(text), want[static_cast<size_t>(i)]);
                     }
                 } else {
-                    const auto* typed = BoxInterface<T>::Type::Query(boxed);
+                    const auto* typed = BoxOf<T>::Interface::Query(boxed);
                     ASSERT_NE(typed, nullptr) << "value of another box type";
                     T got{};
                     typed->GetValue(got);

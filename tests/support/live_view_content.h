@@ -1,26 +1,13 @@
 // Test support: the live-view content of a notification request, as the service received or holds
-// it.
+// it. Tests stand on the host's side of the boundary, so they use the host's accessor.
 #ifndef LIVE_VIEW_TESTS_LIVE_VIEW_CONTENT_H
 #define LIVE_VIEW_TESTS_LIVE_VIEW_CONTENT_H
 
-#include <memory>
-
-#include "notification_content.h"
-#include "notification_live_view_content.h"
-#include "notification_request.h"
+#include "live_view_content_access.h"
 
 namespace LiveViewTest {
 
-// The request's live-view content; nullptr when it has no content or content of another kind.
-inline std::shared_ptr<Tavi::Notification::NotificationLiveViewContent> LiveViewContentOf(
-    const Tavi::Notification::NotificationRequest& request) {
-    auto content = request.GetContent();
-    if (content == nullptr) {
-        return nullptr;
-    }
-    return std::dynamic_pointer_cast<Tavi::Notification::NotificationLiveViewContent>(
-        content->GetNotificationContent());
-}
+using Tavi::Host::LiveViewContentOf;
 
 }  // namespace LiveViewTest
 

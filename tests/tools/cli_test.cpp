@@ -7,6 +7,7 @@
 
 #include "host_control.h"
 #include "live_view_client.h"
+#include "live_view_content.h"
 #include "notification_live_view_content.h"
 #include "tools_test_support.h"
 
@@ -77,11 +78,13 @@ TEST(CliRefusalTest, TheLibrarysVerdictIsPrintedWithExitStatusOne) {
         std::vector<std::string> args;
         std::string out;
     } rows[] = {
-        {{"validate", badId}, "401 Parameter error. The type of liveView.id mustbe number.\n"},
-        {{"convert", badId}, "401 Parameter error. The type of liveView.id mustbe number.\n"},
+        {{"validate", badId},
+         "401 Parameter error. The type of liveView.id mustbe number.\nsection: common\n"},
+        {{"convert", badId},
+         "401 Parameter error. The type of liveView.id mustbe number.\nsection: common\n"},
         {{"validate", noLayout},
          "401 Parameter error. The type of primary.layoutData mustbe LayoutData [or the "
-         "parameter is mandatory].\n"},
+         "parameter is mandatory].\nsection: layout\n"},
         {{"validate", noLayout, "--op", "update"}, "0 valid for update\n"},
     };
     for (const auto& row : rows) {
@@ -116,17 +119,20 @@ TEST(CliUnusableInputTest, EachGivesExitStatusTwoAndOneLine) {
     const std::string badStep = dir.Write("badstep.json", R"({"steps": [{"jump": 1}]})");
     const std::string badRef =
         dir.Write("badref.json", R"({"steps": [{"start": {"file": "malformed.json"}}]})");
+    const std::string syntaxError =
+        ":3:11: JSON syntax error: expected ':' after a member name, found '\"'";
     const struct {
         std::vector<std::string> args;
         std::string err;
     } rows[] = {
-        {{"validate", malformed}, malformed + ":3:11: JSON syntax error"},
+        {{"validate", malformed}, malformed + syntaxError},
         {{"convert", empty}, empty + ": the file is empty"},
         {{"validate", dir.Path("missing.json")}, dir.Path("missing.json") + ": no such file"},
         {{"validate", fakePng},
-         fakePng + ": capsule.icon: picture file " + dir.Path("fake.png") + ": not a PNG file"},
-        {{"play", badStep}, badStep + ": steps[0]: unknown member \"jump\""},
-        {{"play", badRef}, malformed + ":3:11: JSON syntax error"},
+         fakePng + ":1:48: capsule.icon: picture file " + dir.Path("fake.png") +
+             ": not a PNG file"},
+        {{"play", badStep}, badStep + ":1:12: step #1: steps[0]: unknown member \"jump\""},
+        {{"play", badRef}, badRef + ":1:12: step #1: steps[0].start: " + malformed + syntaxError},
         {{"play", dir.Path("missing.json")}, dir.Path("missing.json") + ": no such file"},
     };
     for (const auto& row : rows) {
@@ -201,9 +207,7 @@ TEST(CliOutputTest, ConvertPrintsWhatTheClientPublishes) {
         ASSERT_TRUE(
             Tavi::Wisp::LiveView::LiveViewClient().StartLiveView(liveView, result).Succeed());
         const auto published = Tavi::Host::Published().back().request;
-        const auto content =
-            std::dynamic_pointer_cast<Tavi::Notification::NotificationLiveViewContent>(
-                published->GetContent()->GetNotificationContent());
+        const auto content = LiveViewTest::LiveViewContentOf(*published);
         Tavi::Host::ResetAll();
 
         const cJSON* printedContent = cJSON_GetObjectItem(printed.get(), "content");

@@ -5,6 +5,7 @@
 
 #include "bundle_mgr_client.h"
 #include "ipc_skeleton.h"
+#include "live_view_content_access.h"
 
 namespace Tavi {
 namespace Host {
@@ -17,15 +18,6 @@ using Status = NotificationLiveViewContent::LiveViewStatus;
 namespace {
 constexpr int64_t RATE_WINDOW_MILLIS = 1000;
 constexpr int64_t MILLIS_PER_SECOND = 1000;
-
-std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(const NotificationRequest& request) {
-    auto content = request.GetContent();
-    if (content == nullptr) {
-        return nullptr;
-    }
-    return std::dynamic_pointer_cast<NotificationLiveViewContent>(
-        content->GetNotificationContent());
-}
 
 // Folds the fields that an update or end carries into what the service holds: new extra-info
 // keys and pictures replace old ones of the same key, everything else the update leaves unset

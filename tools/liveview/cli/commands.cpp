@@ -2,17 +2,18 @@
 
 #include "host_control.h"
 #include "json_tree.h"
-#include "live_view_param_validate.h"
 #include "live_view_reader.h"
-#include "request_builder.h"
+#include "live_view_request_pipeline.h"
 #include "request_json.h"
 #include "scenario.h"
 
 namespace LiveViewCli {
 
 using Tavi::Wisp::LiveView::BaseRsp;
+using Tavi::Wisp::LiveView::HeldLiveView;
 using Tavi::Wisp::LiveView::LiveView;
-using Tavi::Wisp::LiveView::LiveViewParamValidate;
+using Tavi::Wisp::LiveView::LiveViewRequestPipeline;
+using Tavi::Wisp::LiveView::PipelineOutcome;
 
 namespace {
 
@@ -42,44 +43,72 @@ bool LoadQuietly(const std::string& file, LiveView& liveView, std::ostream& err,
     return false;
 }
 
-int Refused(const BaseRsp& rsp, std::ostream& out) {
-    out << rsp.GetErrAsInt32() << ' ' << rsp.GetInfo() << '\n';
+// The library's answer, and the section whose check gave it.
+int Refused(const PipelineOutcome& outcome, std::ostream& out) {
+    out << outcome.rsp.GetErrAsInt32() << ' ' << outcome.rsp.GetInfo() << '\n';
+    if (outcome.failedSection != nullptr) {
+        out << "section: " << outcome.failedSection->name << '\n';
+    }
     return STATUS_REFUSED;
+}
+
+// What the service holds for the live view that an update or stop continues: the live view of
+// heldFile (the file itself when there is none) as its start would have left it.
+bool LoadHeld(const std::string& file, const std::string& heldFile, HeldLiveView& held,
+              std::ostream& err, int& status) {
+    LiveView heldLiveView;
+    if (!LoadQuietly(heldFile.empty() ? file : heldFile, heldLiveView, err, status)) {
+        return false;
+    }
+    held = LiveViewRequestPipeline::HeldAfterStart(heldLiveView);
+    return true;
+}
+
+// Reads the live view of request.file and builds what request.operation would publish, as the
+// client would before publishing. False, with status set, when an input is unusable.
+bool BuildFromFile(const BuildRequest& request, Tavi::Notification::NotificationRequest& built,
+                   PipelineOutcome& outcome, std::ostream& err, int& status) {
+    LiveView liveView;
+    if (!LoadQuietly(request.file, liveView, err, status)) {
+        return false;
+    }
+    const LiveView::Operation operation = OperationOf(request.operation);
+    HeldLiveView held;
+    if (operation != LiveView::START &&
+        !LoadHeld(request.file, request.heldFile, held, err, status)) {
+        return false;
+    }
+    outcome = LiveViewRequestPipeline::Build(liveView, operation, held, built);
+    return true;
 }
 
 }  // namespace
 
-int RunValidate(const std::string& file, const std::string& operation, std::ostream& out,
-                std::ostream& err) {
-    LiveView liveView;
+int RunValidate(const BuildRequest& request, std::ostream& out, std::ostream& err) {
+    Tavi::Notification::NotificationRequest built;
+    PipelineOutcome outcome;
     int status = STATUS_OK;
-    if (!LoadQuietly(file, liveView, err, status)) {
+    if (!BuildFromFile(request, built, outcome, err, status)) {
         return status;
     }
-    const LiveView::Operation op = OperationOf(operation);
-    const BaseRsp rsp = op == LiveView::START
-                            ? LiveViewParamValidate::ValidateStartLiveViewParam(liveView, op)
-                            : LiveViewParamValidate::ValidateUpdateLiveViewParam(liveView, op);
-    if (!rsp.Succeed()) {
-        return Refused(rsp, out);
+    if (!outcome.rsp.Succeed()) {
+        return Refused(outcome, out);
     }
-    out << "0 valid for " << operation << '\n';
+    out << "0 valid for " << request.operation << '\n';
     return STATUS_OK;
 }
 
-int RunConvert(const std::string& file, const std::string& operation, std::ostream& out,
-               std::ostream& err) {
-    LiveView liveView;
+int RunConvert(const BuildRequest& request, std::ostream& out, std::ostream& err) {
+    Tavi::Notification::NotificationRequest built;
+    PipelineOutcome outcome;
     int status = STATUS_OK;
-    if (!LoadQuietly(file, liveView, err, status)) {
+    if (!BuildFromFile(request, built, outcome, err, status)) {
         return status;
     }
-    Tavi::Notification::NotificationRequest request;
-    const BaseRsp rsp = BuildRequest(liveView, OperationOf(operation), request);
-    if (!rsp.Succeed()) {
-        return Refused(rsp, out);
+    if (!outcome.rsp.Succeed()) {
+        return Refused(outcome, out);
     }
-    const JsonTree tree = MakeTree(RequestToJson(request));
+    const JsonTree tree = MakeTree(RequestToJson(built));
     out << PrintTree(tree.get()) << '\n';
     return STATUS_OK;
 }

@@ -10,16 +10,18 @@
 namespace {
 
 const char* const OPERATION_HELP =
-    "Operation to check the live view for: start, update or stop (default start). For update "
-    "and stop the live view held by the service is taken to be of the same layout and capsule "
-    "kinds, with external data and a timer when the file has them.";
+    "Operation to build the request for: start, update or stop (default start).";
+const char* const HELD_HELP =
+    "For update and stop: the live view as it was started, which decides what the service holds "
+    "(layout and capsule kinds, external title, timer); default FILE itself.";
 
 CLI::App* AddLiveViewVerb(CLI::App& app, const char* name, const char* description,
-                          std::string& file, std::string& operation) {
+                          LiveViewCli::BuildRequest& request) {
     CLI::App* verb = app.add_subcommand(name, description);
-    verb->add_option("FILE", file, "Live view JSON file")->required();
-    verb->add_option("--op", operation, OPERATION_HELP)
+    verb->add_option("FILE", request.file, "Live view JSON file")->required();
+    verb->add_option("--op", request.operation, OPERATION_HELP)
         ->check(CLI::IsMember({"start", "update", "stop"}));
+    verb->add_option("--held", request.heldFile, HELD_HELP);
     return verb;
 }
 
@@ -33,17 +35,19 @@ int main(int argc, char** argv) {
         "2 unusable input."};
     app.require_subcommand(1);
 
-    std::string file;
-    std::string operation = "start";
+    LiveViewCli::BuildRequest build;
     CLI::App* validate = AddLiveViewVerb(
-        app, "validate", "Check a live view and print the verdict as code and message.", file,
-        operation);
+        app, "validate",
+        "Answer what the client would answer for the live view before publishing it: \"0 valid "
+        "for OP\", or the library's code and message and the section that failed.",
+        build);
     CLI::App* convert =
         AddLiveViewVerb(app, "convert",
                         "Print the notification request that the live view would publish: "
                         "request fields, content status and version, every extra-info key with "
                         "its box type and value, and the pictures with their sizes.",
-                        file, operation);
+                        build);
+    std::string file;
 
     LiveViewCli::PlayOptions options;
     CLI::App* play = app.add_subcommand(
@@ -66,10 +70,10 @@ int main(int argc, char** argv) {
         return code == 0 ? LiveViewCli::STATUS_OK : LiveViewCli::STATUS_UNUSABLE;
     }
     if (validate->parsed()) {
-        return LiveViewCli::RunValidate(file, operation, std::cout, std::cerr);
+        return LiveViewCli::RunValidate(build, std::cout, std::cerr);
     }
     if (convert->parsed()) {
-        return LiveViewCli::RunConvert(file, operation, std::cout, std::cerr);
+        return LiveViewCli::RunConvert(build, std::cout, std::cerr);
     }
     return LiveViewCli::RunPlay(file, options, std::cout, std::cerr);
 }

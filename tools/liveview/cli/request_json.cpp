@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "extra_info_json.h"
+#include "live_view_content_of.h"
 #include "notification_live_view_content.h"
 
 namespace LiveViewCli {
@@ -92,11 +93,7 @@ cJSON* RequestToJson(const NotificationRequest& request) {
     cJSON_AddItemToObject(object, "wantAgent", Target(request.GetWantAgent()));
     cJSON_AddItemToObject(object, "actionButtons", ButtonsToJson(request));
     cJSON_AddBoolToObject(object, "isCoverActionButtons", request.IsCoverActionButtons());
-    const auto content = request.GetContent();
-    const auto liveViewContent = content == nullptr
-                                     ? nullptr
-                                     : std::dynamic_pointer_cast<NotificationLiveViewContent>(
-                                           content->GetNotificationContent());
+    const auto liveViewContent = Tavi::Wisp::LiveView::LiveViewContentOf(request);
     cJSON_AddItemToObject(
         object, "content",
         liveViewContent == nullptr ? cJSON_CreateNull() : ContentToJson(*liveViewContent));

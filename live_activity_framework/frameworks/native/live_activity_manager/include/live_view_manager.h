@@ -2,6 +2,34 @@
 // its sections, the static operations, the key catalogue, result codes and logging types, and
 // the platform headers that the API uses (parameter maps, pictures, click actions, requests).
 //
+// A live view from start to end (error handling shortened; every call answers a code):
+//
+//   namespace LV = Tavi::Wisp::LiveView;
+//   LV::LiveView liveView;                       // id, event, sequence, liveViewData...
+//   liveView.SetId(std::make_shared<int>(101));
+//   liveView.SetEvent("FOOD_DELIVERY");
+//   liveView.SetSequence(std::make_shared<int>(1));
+//   liveView.SetLiveViewData(data);              // primary: title, content, clickAction, layout
+//
+//   LV::LiveViewClient client;
+//   LV::LiveViewClient::LiveViewResult result;
+//   LV::BaseRsp rsp = client.StartLiveView(liveView, result);
+//   if (!rsp.Succeed()) { /* rsp.GetErrAsInt32(), rsp.GetInfo(): e.g. 401 and the field */ }
+//
+//   LV::LiveView change;                         // same id, a higher sequence, what changed
+//   change.SetId(std::make_shared<int>(101));
+//   change.SetEvent("FOOD_DELIVERY");
+//   change.SetSequence(std::make_shared<int>(2));
+//   change.SetLiveViewData(changedData);
+//   rsp = client.UpdateLiveView(change, result);
+//
+//   LV::LiveView held;                           // what the service holds now
+//   int code = client.GetActiveLiveView(101, held);
+//
+//   change.SetSequence(std::make_shared<int>(3));
+//   LV::LiveView::GetPrimaryData(change)->SetKeepTime(std::make_shared<int>(60));  // seconds
+//   rsp = client.StopLiveView(change, result);   // readable for 60 s more, then removed
+//
 // Thread safety: see each header.
 #ifndef LIVE_VIEW_LIVE_VIEW_MANAGER_H
 #define LIVE_VIEW_LIVE_VIEW_MANAGER_H

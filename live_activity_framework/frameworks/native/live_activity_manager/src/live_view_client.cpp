@@ -13,31 +13,25 @@
 #include "bundle_helper.h"
 #include "event_report.h"
 #include "ipc_skeleton.h"
-#include "live_view_constant.h"
+#include "live_view_content_of.h"
 #include "live_view_error_conversion.h"
 #include "live_view_logger.h"
-#include "live_view_param_conversion.h"
-#include "live_view_param_validate.h"
+#include "live_view_request_pipeline.h"
 #include "live_view_subscriber.h"
 #include "notification_bundle_option.h"
-#include "notification_content.h"
 #include "notification_helper.h"
 #include "notification_live_view_content.h"
 #include "notification_live_view_filter.h"
 #include "notification_request.h"
 #include "notification_request_conversion.h"
 #include "time_helper.h"
-#include "want_params.h"
 
 namespace Tavi {
 namespace Wisp {
 namespace LiveView {
 
-using Notification::NotificationContent;
 using Notification::NotificationHelper;
-using Notification::NotificationLiveViewContent;
 using Notification::NotificationRequest;
-using PictureMap = std::map<std::string, std::vector<std::shared_ptr<Media::PixelMap>>>;
 
 namespace {
 
@@ -50,18 +44,12 @@ const std::string STOP_FAILED = "stop failed";
 // app may show live views.
 constexpr int SLOT_NOT_CONFIGURED = 67108888;
 
-// What the active notification of an update or stop says about the live view, and the request
-// being built for it. Shared by the steps of one call.
+// What the active notification of an update or stop says about the live view. Shared by the
+// steps of one call.
 struct LiveViewInfo {
     explicit LiveViewInfo(LiveView::Operation op) : operation(op) {}
-    int layoutType = -1;
-    std::string externalTitle;
-    int capsuleType = -1;
+    HeldLiveView held;
     LiveView::Operation operation;
-    bool isChanged = false;
-    std::shared_ptr<AAFwk::WantParams> extraInfo;
-    PictureMap pictureMap;
-    bool hasTimer = false;
 };
 
 // The per-call frame: transaction id, start times and the end event that every exit writes.
@@ -116,107 +104,6 @@ const std::string& OperationWord(LiveView::Operation operation) {
     return operation == LiveView::UPDATE ? UPDATE_FAILED : STOP_FAILED;
 }
 
-std::shared_ptr<NotificationLiveViewContent> LiveViewContentOf(const NotificationRequest& request) {
-    auto content = request.GetContent();
-    if (content == nullptr) {
-        return nullptr;
-    }
-    return std::dynamic_pointer_cast<NotificationLiveViewContent>(
-        content->GetNotificationContent());
-}
-
-void SetLiveViewContent(NotificationRequest& request,
-                        const std::shared_ptr<NotificationLiveViewContent>& content) {
-    request.SetContent(std::make_shared<NotificationContent>(content));
-}
-
-BaseRsp SetNotificationRequest(NotificationRequest& request, const LiveView::Operation& operation) {
-    std::shared_ptr<AAFwk::WantParams> extraInfo(new (std::nothrow) AAFwk::WantParams());
-    if (extraInfo == nullptr) {
-        return BaseRsp(ERR_INTERNAL,
-                       LogTemplate(LOGGER_HILOG, CLIENT_FILE, "SetNotificationRequest", 78),
-                       "The wantParams is nullptr.");
-    }
-    PictureMap pictureMap;
-    auto content = std::make_shared<NotificationLiveViewContent>();
-    using Status = NotificationLiveViewContent::LiveViewStatus;
-    content->SetLiveViewStatus(operation == LiveView::START ? Status::LIVE_VIEW_CREATE
-                               : operation == LiveView::UPDATE
-                                   ? Status::LIVE_VIEW_INCREMENTAL_UPDATE
-                                   : Status::LIVE_VIEW_END);
-    content->SetExtraInfo(extraInfo);
-    content->SetPicture(pictureMap);
-    SetLiveViewContent(request, content);
-    return BaseRsp();
-}
-
-// isUpdate is taken and deliberately ignored: the flag follows only whether a timer time was
-// written.
-void SetIsUpdateTimerInLiveViewTimer(const LiveView&, std::shared_ptr<AAFwk::WantParams>& extraInfo,
-                                     bool) {
-    const bool hasTime = extraInfo->HasParam(LiveViewConstant::LIVE_VIEW_TIMER_TIME);
-    extraInfo->SetParam(LiveViewConstant::LIVE_VIEW_TIMER_IS_UPDATE_TIMER,
-                        AAFwk::Boolean::Box(hasTime));
-}
-
-BaseRsp StartLiveViewParamParse(LiveView& liveView, NotificationRequest& request) {
-    auto liveViewContent = LiveViewContentOf(request);
-    auto extraInfo = liveViewContent->GetExtraInfo();
-    PictureMap pictureMap = liveViewContent->GetPicture();
-    const LiveView::Operation start = LiveView::START;
-
-    BaseRsp rsp = LiveViewParamValidate::CommonDataParamValidate(liveView);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::CommonDataParamConversion(liveView, request, extraInfo,
-                                                       liveViewContent);
-
-    rsp = LiveViewParamValidate::TimerDataParamValidate(liveView);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::TimerDataParamConversion(liveView, extraInfo, false);
-    SetIsUpdateTimerInLiveViewTimer(liveView, extraInfo, false);
-
-    rsp = LiveViewParamValidate::PrimaryDataParamValidate(liveView, start);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::PrimaryDataParamConversion(liveView, request, extraInfo,
-                                                        liveViewContent, start);
-
-    bool hasData = false;
-    rsp = LiveViewParamValidate::ExtendDataParamValidate(liveView, hasData);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::ExtendDataParamConversion(liveView, request, extraInfo, pictureMap);
-
-    rsp = LiveViewParamValidate::LayoutDataParamValidate(liveView, start, hasData);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::LayoutDataParamConversion(liveView, extraInfo, pictureMap);
-
-    rsp = LiveViewParamValidate::CapsuleDataParamValidate(liveView, start, hasData);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::CapsuleDataParamConversion(liveView, extraInfo, pictureMap);
-
-    rsp = LiveViewParamValidate::ExternalDataParamValidate(liveView, start, hasData);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::ExternalDataParamConversion(liveView, extraInfo);
-
-    // The request already carries this content object: it is filled in place, not wrapped again.
-    liveViewContent->SetExtraInfo(extraInfo);
-    liveViewContent->SetPicture(std::move(pictureMap));
-    return BaseRsp();
-}
-
 BaseRsp NavigationSubScribe(NotificationRequest& request) {
     LV_LOGI(530, "Navigation layout subscribe.");
     auto liveViewContent = LiveViewContentOf(request);
@@ -226,7 +113,7 @@ BaseRsp NavigationSubScribe(NotificationRequest& request) {
                        LogTemplate(LOGGER_HILOG, CLIENT_FILE, "NavigationSubScribe", 535),
                        "The notification liveView content is nullptr.");
     }
-    liveViewContent->SetIsOnlyLocalUpdate(true);
+    // The pipeline marked the content for local update; the subscriber hears of its buttons.
     const int ret =
         NotificationHelper::SubscribeLocalLiveViewNotification(LiveViewSubscriber::GetInstance());
     const ErrorCode code = LiveViewErrorConversion::ReturnLiveViewError(ret);
@@ -273,11 +160,8 @@ BaseRsp GetLiveViewInfo(LiveView& liveView, std::shared_ptr<LiveViewInfo>& info)
                        "Parameter error. The type of liveView.id mustbe number [or the parameter "
                        "is mandatory].");
     }
-    std::vector<std::string> keys = {
-        LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE, LiveViewConstant::EXTERNAL_DATA_TITLE,
-        LiveViewConstant::CAPSULE_DATA_TYPE, LiveViewConstant::LIVE_VIEW_TIMER_TIME};
     sptr<NotificationRequest> request(new NotificationRequest());
-    const int ret = GetActiveNotification(*id, std::move(keys), request);
+    const int ret = GetActiveNotification(*id, HeldLiveView::Keys(), request);
     if (ret != 0) {
         LV_LOGE(479, "PublishNotification error, code is %{public}d", ret);
         return BaseRsp(static_cast<ErrorCode>(ret),
@@ -294,169 +178,26 @@ BaseRsp GetLiveViewInfo(LiveView& liveView, std::shared_ptr<LiveViewInfo>& info)
         return BaseRsp(ERR_INTERNAL, LogTemplate(LOGGER_HILOG, CLIENT_FILE, "GetLiveViewInfo", 491),
                        "The liveViewExtraInfo is nullptr.");
     }
-    if (auto* layoutType = AAFwk::IInteger::Query(
-            extraInfo->GetParam(LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE))) {
-        info->layoutType = AAFwk::Integer::Unbox(layoutType);
-    }
-    if (auto* title =
-            AAFwk::IString::Query(extraInfo->GetParam(LiveViewConstant::EXTERNAL_DATA_TITLE))) {
-        info->externalTitle = AAFwk::String::Unbox(title);
-    }
-    if (auto* capsuleType =
-            AAFwk::IInteger::Query(extraInfo->GetParam(LiveViewConstant::CAPSULE_DATA_TYPE))) {
-        info->capsuleType = AAFwk::Integer::Unbox(capsuleType);
-    }
-    info->hasTimer = extraInfo->HasParam(LiveViewConstant::LIVE_VIEW_TIMER_TIME);
+    info->held = HeldLiveView::FromExtraInfo(*extraInfo);
     return BaseRsp();
 }
 
-// A section of an update or stop failed its check: the caller's result names the section.
-BaseRsp SectionFailed(const BaseRsp& rsp, const std::string& prefix, const LiveViewInfo& info,
-                      LiveViewClient::LiveViewResult& result) {
-    result.code = 1;
-    result.message = prefix + OperationWord(info.operation);
-    return rsp;
-}
-
-BaseRsp UpdatePrimaryData(const LiveView& liveView, NotificationRequest& request,
-                          LiveViewInfo& info, std::shared_ptr<NotificationLiveViewContent>& content,
-                          LiveViewClient::LiveViewResult& result) {
-    BaseRsp rsp = LiveViewParamValidate::PrimaryDataParamValidate(liveView, info.operation);
-    if (!rsp.Succeed()) {
-        LV_LOGE(214, "Primary Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
-        return SectionFailed(rsp, "The primary data ", info, result);
-    }
-    info.isChanged = true;
-    LiveViewParamConversion::PrimaryDataParamConversion(liveView, request, info.extraInfo, content,
-                                                        info.operation);
-    return rsp;
-}
-
-BaseRsp UpdateExtendData(const LiveView& liveView, NotificationRequest& request, LiveViewInfo& info,
-                         LiveViewClient::LiveViewResult& result) {
-    bool hasData = false;
-    BaseRsp rsp = LiveViewParamValidate::ExtendDataParamValidate(liveView, hasData);
-    if (!rsp.Succeed()) {
-        LV_LOGE(234, "Extension Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
-        return SectionFailed(rsp, "The extensionData data ", info, result);
-    }
-    if (hasData) {
-        info.isChanged = true;
-        LiveViewParamConversion::ExtendDataParamConversion(liveView, request, info.extraInfo,
-                                                           info.pictureMap);
-    }
-    return rsp;
-}
-
-BaseRsp UpdateLayoutData(const LiveView& liveView, LiveViewInfo& info,
-                         LiveViewClient::LiveViewResult& result) {
-    // A change of layout kind is checked as a start: the new kind's mandatory fields are needed.
-    const int layoutType = LiveView::GetLayoutType(liveView);
-    const LiveView::Operation operation =
-        layoutType != -1 && layoutType != info.layoutType ? LiveView::START : info.operation;
-    bool hasData = false;
-    BaseRsp rsp = LiveViewParamValidate::LayoutDataParamValidate(liveView, operation, hasData);
-    if (!rsp.Succeed()) {
-        LV_LOGE(264, "Layout Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
-        return SectionFailed(rsp, "The layoutData data ", info, result);
-    }
-    if (hasData) {
-        info.isChanged = true;
-        LiveViewParamConversion::LayoutDataParamConversion(liveView, info.extraInfo,
-                                                           info.pictureMap);
-    }
-    return rsp;
-}
-
-void SetIsUpdateTimer(const LiveView& liveView, LiveViewInfo& info) {
-    auto capsule = LiveView::GetCapsuleData(liveView);
-    bool isUpdateTimer = false;
-    if (capsule == nullptr) {
-        LV_LOGI(290, "The capsule is nullptr");
-    } else if (capsule->GetType() == CapsuleData::TIMER) {
-        // A capsule that becomes a timer starts its clock; a timer capsule that stays one restarts
-        // it only when the record carries a timer.
-        isUpdateTimer = info.capsuleType != CapsuleData::TIMER || liveView.GetTimer() != nullptr;
-    }
-    info.extraInfo->SetParam(LiveViewConstant::TIMER_CAPSULE_IS_UPDATE_TIMER,
-                             AAFwk::Boolean::Box(isUpdateTimer));
-}
-
-BaseRsp UpdateCapsuleData(const LiveView& liveView, LiveViewInfo& info,
-                          LiveViewClient::LiveViewResult& result) {
-    bool hasData = false;
-    BaseRsp rsp =
-        LiveViewParamValidate::CapsuleDataParamValidate(liveView, info.operation, hasData);
-    if (!rsp.Succeed()) {
-        LV_LOGE(329, "Capsule Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
-        return SectionFailed(rsp, "The capsule data ", info, result);
-    }
-    if (hasData) {
-        info.isChanged = true;
-        LiveViewParamConversion::CapsuleDataParamConversion(liveView, info.extraInfo,
-                                                            info.pictureMap);
-        SetIsUpdateTimer(liveView, info);
-    } else {
-        info.extraInfo->SetParam(LiveViewConstant::TIMER_CAPSULE_IS_UPDATE_TIMER,
-                                 AAFwk::Boolean::Box(false));
-    }
-    return rsp;
-}
-
-BaseRsp UpdateExternalData(const LiveView& liveView, LiveViewInfo& info,
-                           LiveViewClient::LiveViewResult& result) {
-    // A live view that had no external data takes it as at a start.
-    const LiveView::Operation operation =
-        info.externalTitle.empty() ? LiveView::START : info.operation;
-    bool hasData = false;
-    BaseRsp rsp = LiveViewParamValidate::ExternalDataParamValidate(liveView, operation, hasData);
-    if (!rsp.Succeed()) {
-        LV_LOGE(356, "External Data Param Validate fail: %{public}s", rsp.GetInfo().c_str());
-        return SectionFailed(rsp, "The external data ", info, result);
-    }
-    if (hasData) {
-        info.isChanged = true;
-        LiveViewParamConversion::ExternalDataParamConversion(liveView, info.extraInfo);
-    }
-    return rsp;
-}
-
+// Builds the request of an update or stop. A section that fails is logged and named in the
+// caller's result; the common and timer sections leave the result alone.
 BaseRsp UpdateLiveViewParamParse(const LiveView& liveView, NotificationRequest& request,
                                  std::shared_ptr<LiveViewInfo>& info,
                                  LiveViewClient::LiveViewResult& result) {
-    BaseRsp rsp = SetNotificationRequest(request, info->operation);
-    if (!rsp.Succeed()) {
-        return rsp;
+    const PipelineOutcome built =
+        LiveViewRequestPipeline::Build(liveView, info->operation, info->held, request);
+    const UpdateFailureReport* report =
+        built.failedSection == nullptr ? nullptr : built.failedSection->updateFailure;
+    if (report != nullptr) {
+        LV_LOGE_FN(report->line, report->function, "%{public}s Param Validate fail: %{public}s",
+                   report->logLabel, built.rsp.GetInfo().c_str());
+        result.code = 1;
+        result.message = report->resultPrefix + OperationWord(info->operation);
     }
-    auto liveViewContent = LiveViewContentOf(request);
-    info->extraInfo = liveViewContent->GetExtraInfo();
-    info->pictureMap = liveViewContent->GetPicture();
-
-    rsp = LiveViewParamValidate::CommonDataParamValidate(liveView);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::CommonDataParamConversion(liveView, request, info->extraInfo,
-                                                       liveViewContent);
-    rsp = LiveViewParamValidate::TimerDataParamValidate(liveView);
-    if (!rsp.Succeed()) {
-        return rsp;
-    }
-    LiveViewParamConversion::TimerDataParamConversion(liveView, info->extraInfo, info->hasTimer);
-    SetIsUpdateTimerInLiveViewTimer(liveView, info->extraInfo, info->hasTimer);
-
-    if (!(rsp = UpdatePrimaryData(liveView, request, *info, liveViewContent, result)).Succeed() ||
-        !(rsp = UpdateExtendData(liveView, request, *info, result)).Succeed() ||
-        !(rsp = UpdateLayoutData(liveView, *info, result)).Succeed() ||
-        !(rsp = UpdateCapsuleData(liveView, *info, result)).Succeed() ||
-        !(rsp = UpdateExternalData(liveView, *info, result)).Succeed()) {
-        return rsp;
-    }
-    if (info->isChanged) {
-        liveViewContent->SetExtraInfo(info->extraInfo);
-        liveViewContent->SetPicture(std::move(info->pictureMap));
-    }
-    return BaseRsp();
+    return built.rsp;
 }
 
 // Update and stop are one algorithm that differs in the operation and its names.
@@ -511,17 +252,15 @@ BaseRsp LiveViewClient::StartLiveView(LiveView& liveView, LiveViewResult& result
     LV_LOGI(596, "Begin start liveView.");
     CallFrame frame;
     NotificationRequest request;
-    BaseRsp rsp = SetNotificationRequest(request, LiveView::START);
-    if (rsp.Succeed()) {
-        rsp = StartLiveViewParamParse(liveView, request);
-    }
+    const PipelineOutcome built =
+        LiveViewRequestPipeline::Build(liveView, LiveView::START, HeldLiveView(), request);
+    BaseRsp rsp = built.rsp;
     if (!rsp.Succeed()) {
         LV_LOGE(604, "StartLiveViewParamParse fail: %{public}s", rsp.GetInfo().c_str());
         frame.WriteEndEvent("startLiveView", 1, std::to_string(rsp.GetErrAsInt32()), liveView);
         return rsp;
     }
-    const std::string event = liveView.GetEvent();
-    if (event == "NAVIGATION" || event == "WORKOUT") {
+    if (built.needsLocalUpdateSubscription) {
         rsp = NavigationSubScribe(request);
         if (!rsp.Succeed()) {
             frame.WriteEndEvent("startLiveView", 1, std::to_string(rsp.GetErrAsInt32()), liveView);

@@ -19,6 +19,7 @@
 #include "score_layout.h"
 #include "text_capsule.h"
 #include "timer_capsule.h"
+#include "want_box.h"
 #include "want_params_wrapper.h"
 
 namespace Tavi {
@@ -34,39 +35,10 @@ using PixelMapPtr = std::shared_ptr<Media::PixelMap>;
 constexpr const char* JSON_TEXT = "text";
 constexpr const char* JSON_TEXT_COLOR = "textColor";
 
-// The box that carries a field of type T in the extra-info map.
-template <typename T>
-struct BoxOf;
-template <>
-struct BoxOf<std::string> {
-    using Type = AAFwk::String;
-};
-template <>
-struct BoxOf<int> {
-    using Type = AAFwk::Integer;
-};
-template <>
-struct BoxOf<long> {
-    using Type = AAFwk::Long;
-};
-template <>
-struct BoxOf<bool> {
-    using Type = AAFwk::Boolean;
-};
-template <>
-struct BoxOf<WantParams> {
-    using Type = AAFwk::WantParamWrapper;
-};
-
-template <typename T>
-void Write(WantParams& params, const std::string& key, const T& value) {
-    params.SetParam(key, BoxOf<T>::Type::Box(value));
-}
-
 template <typename T>
 void WriteIfSet(WantParams& params, const std::string& key, const std::shared_ptr<T>& value) {
     if (value != nullptr) {
-        Write(params, key, *value);
+        WriteParam(params, key, *value);
     }
 }
 
@@ -77,10 +49,10 @@ void WritePictureRes(WantParams& params, const std::string& resKey,
                      const std::shared_ptr<std::string>& pictureStr, const PixelMapPtr& picture,
                      AttachPicture&& attach) {
     if (pictureStr != nullptr) {
-        Write(params, resKey, *pictureStr);
+        WriteParam(params, resKey, *pictureStr);
     } else if (picture != nullptr) {
         attach(picture);
-        Write(params, resKey, std::string());
+        WriteParam(params, resKey, std::string());
     }
 }
 
@@ -327,14 +299,14 @@ void LiveViewParamConversion::CommonDataParamConversion(
     if (id != nullptr) {
         request.SetNotificationId(*id);
     }
-    Write(*extraInfo, LiveViewConstant::EVENT, CommonUtils::TrimString(liveView.GetEvent()));
+    WriteParam(*extraInfo, LiveViewConstant::EVENT, CommonUtils::TrimString(liveView.GetEvent()));
     const auto sequence = liveView.GetSequence();
     if (sequence != nullptr) {
         content->SetVersion(static_cast<uint32_t>(*sequence));
     }
     // Unset means muted.
     const auto isMute = liveView.GetIsMute();
-    Write(*extraInfo, LiveViewConstant::IS_MUTE, isMute == nullptr || *isMute);
+    WriteParam(*extraInfo, LiveViewConstant::IS_MUTE, isMute == nullptr || *isMute);
     request.SetSlotType(Tavi::Notification::NotificationConstant::LIVE_VIEW);
     request.SetInProgress(true);
 }
@@ -350,11 +322,11 @@ void LiveViewParamConversion::TimerDataParamConversion(
     const auto isCountdown = timer->GetIsCountdown();
     const auto isPaused = timer->GetIsPaused();
     if (time != nullptr) {
-        Write(*extraInfo, LiveViewConstant::LIVE_VIEW_TIMER_TIME, *time);
+        WriteParam(*extraInfo, LiveViewConstant::LIVE_VIEW_TIMER_TIME, *time);
     } else if (isCountdown == nullptr && isPaused == nullptr) {
         return;
     } else if (!isUpdateTimer) {
-        Write(*extraInfo, LiveViewConstant::LIVE_VIEW_TIMER_TIME, 0L);
+        WriteParam(*extraInfo, LiveViewConstant::LIVE_VIEW_TIMER_TIME, 0L);
     }
     WriteIfSet(*extraInfo, LiveViewConstant::LIVE_VIEW_TIMER_ISCOUNTDOWN, isCountdown);
     WriteIfSet(*extraInfo, LiveViewConstant::LIVE_VIEW_TIMER_ISPAUSED, isPaused);
@@ -401,7 +373,7 @@ void LiveViewParamConversion::ExtendDataParamConversion(
     }
     WantParams& params = *extraInfo;
     WriteIfSet(params, LiveViewConstant::EXTEND_DATA_TEXT, extension->GetText());
-    Write(params, LiveViewConstant::EXTEND_DATA_TYPE, static_cast<int>(extension->GetType()));
+    WriteParam(params, LiveViewConstant::EXTEND_DATA_TYPE, static_cast<int>(extension->GetType()));
     WritePicturePair(params, pictureMap, LiveViewConstant::EXTEND_DATA_PIC_RES,
                      LiveViewConstant::EXTEND_DATA_PIC, extension->GetPicStr(),
                      extension->GetPic());
@@ -449,7 +421,7 @@ void LiveViewParamConversion::CapsuleDataParamConversion(
         return;
     }
     const CapsuleData::CapsuleType type = capsule->GetType();
-    Write(params, LiveViewConstant::CAPSULE_DATA_TYPE, static_cast<int>(type));
+    WriteParam(params, LiveViewConstant::CAPSULE_DATA_TYPE, static_cast<int>(type));
     WritePicturePair(params, pictureMap, LiveViewConstant::CAPSULE_DATA_ICON_RES,
                      LiveViewConstant::CAPSULE_DATA_ICON, capsule->GetIconStr(),
                      capsule->GetIcon());
@@ -480,7 +452,7 @@ void LiveViewParamConversion::LayoutDataParamConversion(
     }
     WantParams& params = *extraInfo;
     const LayoutData::LayoutType type = layout->GetLayoutType();
-    Write(params, LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE, static_cast<int>(type));
+    WriteParam(params, LiveViewConstant::LAYOUT_DATA_LAYOUT_TYPE, static_cast<int>(type));
     switch (type) {
         case LayoutData::PROGRESS:
             ProgressLayoutParamConversion(layout, params, pictureMap);

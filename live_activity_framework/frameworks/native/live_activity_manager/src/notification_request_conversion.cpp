@@ -16,6 +16,7 @@
 #include "error_code.h"
 #include "flight_layout.h"
 #include "live_view_constant.h"
+#include "live_view_content_of.h"
 #include "live_view_logger.h"
 #include "log_template.h"
 #include "navigation_layout.h"
@@ -29,6 +30,7 @@
 #include "score_layout.h"
 #include "text_capsule.h"
 #include "timer_capsule.h"
+#include "want_box.h"
 #include "want_params.h"
 
 namespace Tavi {
@@ -58,61 +60,6 @@ constexpr int MAX_JSON_DEPTH = 64;
 
 LogTemplate Where(const char* func, unsigned int line) {
     return LogTemplate(LOGGER_HILOG, SOURCE_PATH, func, line);
-}
-
-// The box interface and box class that carry a value of type T in the extra-info map.
-template <typename T>
-struct BoxOf;
-template <>
-struct BoxOf<std::string> {
-    using Interface = AAFwk::IString;
-    using Box = AAFwk::String;
-};
-template <>
-struct BoxOf<int> {
-    using Interface = AAFwk::IInteger;
-    using Box = AAFwk::Integer;
-};
-template <>
-struct BoxOf<long> {
-    using Interface = AAFwk::ILong;
-    using Box = AAFwk::Long;
-};
-template <>
-struct BoxOf<bool> {
-    using Interface = AAFwk::IBoolean;
-    using Box = AAFwk::Boolean;
-};
-template <>
-struct BoxOf<WantParams> {
-    using Interface = AAFwk::IWantParams;
-    using Box = AAFwk::WantParamWrapper;
-};
-
-// Hands `use` the value under key viewed as Interface. Nothing happens, and nothing is logged,
-// when the key is absent or its value is null or of another box type.
-template <typename Interface, typename Use>
-void WithParam(const WantParams& params, const std::string& key, Use&& use) {
-    if (!params.HasParam(key)) {
-        return;
-    }
-    const sptr<AAFwk::IInterface> value = params.GetParam(key);
-    if (value == nullptr) {
-        return;
-    }
-    const Interface* typed = Interface::Query(value);
-    if (typed == nullptr) {
-        return;
-    }
-    use(*typed);
-}
-
-// The typed read: hands `set` the unboxed value of type T under key (skipped as in WithParam).
-template <typename T, typename Set>
-void ReadParam(const WantParams& params, const std::string& key, Set&& set) {
-    using Interface = typename BoxOf<T>::Interface;
-    WithParam<Interface>(params, key,
-                         [&set](const Interface& typed) { set(BoxOf<T>::Box::Unbox(&typed)); });
 }
 
 // Stores the value under key into object as a new shared value, the empty string included.
@@ -581,13 +528,8 @@ BaseRsp NotificationRequestConversion::ConvertToLiveView(
         return BaseRsp(ERR_INTERNAL, Where("ConvertToLiveView", 1050),
                        "The notificationRequest is nullptr.");
     }
-    const std::shared_ptr<Notification::NotificationContent> notificationContent =
-        request->GetContent();
     // A content of another kind than live view counts as missing.
-    const std::shared_ptr<NotificationLiveViewContent> content =
-        notificationContent == nullptr ? nullptr
-                                       : std::dynamic_pointer_cast<NotificationLiveViewContent>(
-                                             notificationContent->GetNotificationContent());
+    const std::shared_ptr<NotificationLiveViewContent> content = LiveViewContentOf(*request);
     if (content == nullptr) {
         return BaseRsp(ERR_INTERNAL, Where("ConvertToLiveView", 1056),
                        "The liveViewContent is nullptr.");

@@ -15,15 +15,16 @@ namespace Tavi {
 namespace Host {
 
 // The request's live-view content, shared; null when the request has no content or content of
-// another kind.
+// another kind. The host's content records its kind, so the kind is read, not probed.
 inline std::shared_ptr<Notification::NotificationLiveViewContent> LiveViewContentOf(
     const Notification::NotificationRequest& request) {
-    const auto content = request.GetContent();
-    if (content == nullptr) {
-        return nullptr;
-    }
-    return std::dynamic_pointer_cast<Notification::NotificationLiveViewContent>(
-        content->GetNotificationContent());
+    using Notification::NotificationContent;
+    const std::shared_ptr<NotificationContent> content = request.GetContent();
+    const bool isLiveView =
+        content != nullptr && content->GetContentType() == NotificationContent::Type::LIVE_VIEW;
+    return isLiveView ? std::static_pointer_cast<Notification::NotificationLiveViewContent>(
+                            content->GetNotificationContent())
+                      : nullptr;
 }
 
 }  // namespace Host

@@ -65,52 +65,44 @@ bool LoadHeld(const std::string& file, const std::string& heldFile, HeldLiveView
 }
 
 // Reads the live view of request.file and builds what request.operation would publish, as the
-// client would before publishing. False, with status set, when an input is unusable.
-bool BuildFromFile(const BuildRequest& request, Tavi::Notification::NotificationRequest& built,
-                   PipelineOutcome& outcome, std::ostream& err, int& status) {
+// client would before publishing; a build that passes goes to `report`. Answers the exit status:
+// unusable input, the library's refusal, or report's.
+template <typename Report>
+int BuildFromFile(const BuildRequest& request, std::ostream& out, std::ostream& err,
+                  Report&& report) {
+    int status = STATUS_OK;
     LiveView liveView;
     if (!LoadQuietly(request.file, liveView, err, status)) {
-        return false;
+        return status;
     }
     const LiveView::Operation operation = OperationOf(request.operation);
     HeldLiveView held;
     if (operation != LiveView::START &&
         !LoadHeld(request.file, request.heldFile, held, err, status)) {
-        return false;
+        return status;
     }
-    outcome = LiveViewRequestPipeline::Build(liveView, operation, held, built);
-    return true;
+    Tavi::Notification::NotificationRequest built;
+    const PipelineOutcome outcome =
+        LiveViewRequestPipeline::Build(liveView, operation, held, built);
+    return outcome.rsp.Succeed() ? report(built) : Refused(outcome, out);
 }
 
 }  // namespace
 
 int RunValidate(const BuildRequest& request, std::ostream& out, std::ostream& err) {
-    Tavi::Notification::NotificationRequest built;
-    PipelineOutcome outcome;
-    int status = STATUS_OK;
-    if (!BuildFromFile(request, built, outcome, err, status)) {
-        return status;
-    }
-    if (!outcome.rsp.Succeed()) {
-        return Refused(outcome, out);
-    }
-    out << "0 valid for " << request.operation << '\n';
-    return STATUS_OK;
+    return BuildFromFile(request, out, err, [&](const Tavi::Notification::NotificationRequest&) {
+        out << "0 valid for " << request.operation << '\n';
+        return STATUS_OK;
+    });
 }
 
 int RunConvert(const BuildRequest& request, std::ostream& out, std::ostream& err) {
-    Tavi::Notification::NotificationRequest built;
-    PipelineOutcome outcome;
-    int status = STATUS_OK;
-    if (!BuildFromFile(request, built, outcome, err, status)) {
-        return status;
-    }
-    if (!outcome.rsp.Succeed()) {
-        return Refused(outcome, out);
-    }
-    const JsonTree tree = MakeTree(RequestToJson(built));
-    out << PrintTree(tree.get()) << '\n';
-    return STATUS_OK;
+    return BuildFromFile(request, out, err,
+                         [&](const Tavi::Notification::NotificationRequest& built) {
+                             const JsonTree tree = MakeTree(RequestToJson(built));
+                             out << PrintTree(tree.get()) << '\n';
+                             return STATUS_OK;
+                         });
 }
 
 int RunPlay(const std::string& file, const PlayOptions& options, std::ostream& out,

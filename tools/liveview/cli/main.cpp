@@ -6,6 +6,7 @@
 #include <string>
 
 #include "commands.h"
+#include "preview.h"
 
 namespace {
 
@@ -63,11 +64,18 @@ int main(int argc, char** argv) {
     play->add_flag("--events", options.events, "Also print system events and end events");
     play->add_flag("-v,--verbose", options.logLines, "Also print the log lines");
 
+    // The preview verb (preview.h): options, then its dispatch below the parse.
+    LiveViewCli::PreviewOptions previewOptions;
+    CLI::App* preview = LiveViewCli::AddPreviewVerb(app, previewOptions);
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         const int code = app.exit(error);
         return code == 0 ? LiveViewCli::STATUS_OK : LiveViewCli::STATUS_UNUSABLE;
+    }
+    if (preview->parsed()) {
+        return LiveViewCli::RunPreview(previewOptions, std::cout, std::cerr);
     }
     if (validate->parsed()) {
         return LiveViewCli::RunValidate(build, std::cout, std::cerr);

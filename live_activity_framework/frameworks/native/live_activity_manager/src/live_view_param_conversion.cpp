@@ -91,10 +91,27 @@ void WritePictureList(WantParams& params, PictureMap& pictureMap, const std::str
 
 using JsonPtr = std::unique_ptr<cJSON, decltype(&cJSON_Delete)>;
 
+// The member refers to the record's text and to the constant name instead of copying them: the
+// record outlives the tree, which is printed and deleted within one call.
 bool AddJsonStringIfSet(cJSON* object, const char* name,
                         const std::shared_ptr<std::string>& value) {
-    return value == nullptr || cJSON_AddStringToObject(object, name, value->c_str()) != nullptr;
+    if (value == nullptr) {
+        return true;
+    }
+    cJSON* item = cJSON_CreateStringReference(value->c_str());
+    if (item == nullptr) {
+        return false;
+    }
+    if (!cJSON_AddItemToObjectCS(object, name, item)) {
+        cJSON_Delete(item);
+        return false;
+    }
+    return true;
 }
+
+// Most rich texts are short: they are printed into a buffer of the stack, and only a longer one
+// is printed into one that cJSON allocates.
+constexpr int JSON_PRINT_BUFFER = 1024;
 
 // Replaces out with the unformatted JSON array of the non-empty elements of content; leaves out
 // as it was when the text cannot be made in full.
@@ -123,6 +140,11 @@ void BuildContentJson(std::string& out, const std::vector<std::shared_ptr<RichTe
             return;
         }
         object.release();
+    }
+    char buffer[JSON_PRINT_BUFFER];
+    if (cJSON_PrintPreallocated(array.get(), buffer, JSON_PRINT_BUFFER, false)) {
+        out.assign(buffer);
+        return;
     }
     std::unique_ptr<char, decltype(&cJSON_free)> printed(cJSON_PrintUnformatted(array.get()),
                                                          &cJSON_free);

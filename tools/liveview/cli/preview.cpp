@@ -1,0 +1,178 @@
+#include "preview.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "commands.h"
+#include "host_control.h"
+#include "live_view_client.h"
+#include "live_view_reader.h"
+#include "render_page.h"
+#include "scenario.h"
+#include "scenario_runner.h"
+
+namespace LiveViewCli {
+
+using Tavi::Wisp::LiveView::BaseRsp;
+using Tavi::Wisp::LiveView::LiveView;
+using Tavi::Wisp::LiveView::LiveViewClient;
+
+namespace {
+
+const char* const PREVIEW_FOOTER =
+    "For update and stop the file is first started with its sequence left out, so that the "
+    "service holds it without a version, and then the operation is applied to the file exactly "
+    "as written (its own sequence included). The page shows what the service then holds, as the "
+    "library reads it back; a refusal shows its code and message instead. An ended live view "
+    "is held only for its keep time: after a stop without one the page says that nothing is "
+    "held.";
+
+// The app that previews publish as: the one a scenario without an "app" member uses.
+const Scenario PREVIEW_APP;
+
+// The client's answer to the operation; result holds the application-facing outcome.
+BaseRsp Apply(LiveViewClient& client, const std::string& operation, LiveView& liveView,
+              LiveViewClient::LiveViewResult& result) {
+    if (operation == "update") {
+        return client.UpdateLiveView(liveView, result);
+    }
+    if (operation == "stop") {
+        return client.StopLiveView(liveView, result);
+    }
+    return client.StartLiveView(liveView, result);
+}
+
+// What the service holds under the live view's id for the preview's app; null when nothing.
+Tavi::sptr<Tavi::Notification::NotificationRequest> Held(const LiveView& liveView) {
+    const auto id = liveView.GetId();
+    for (const auto& held : Tavi::Host::HeldLiveViews()) {
+        if (id != nullptr && held.id == *id && held.app.bundleName == PREVIEW_APP.bundle &&
+            held.app.uid == PREVIEW_APP.uid) {
+            return held.request;
+        }
+    }
+    return nullptr;
+}
+
+// The page and the exit status of one preview.
+struct Result {
+    std::string page;
+    int status = STATUS_OK;
+    LiveViewRender::Answer refusal;  // what refused, when status is STATUS_REFUSED
+
+    void Refuse(const std::string& heading, const LiveViewRender::Answer& answer) {
+        refusal = answer;
+        page = LiveViewRender::Page(heading,
+                                    LiveViewRender::RefusalPanel(answer.code, answer.message, ""));
+        status = STATUS_REFUSED;
+    }
+};
+
+LiveViewRender::Answer AnswerOf(const BaseRsp& rsp) {
+    return LiveViewRender::Answer{rsp.GetErrAsInt32(), rsp.GetInfo()};
+}
+
+// Runs the preview against a fresh service; false with error set when the file is unusable.
+bool Preview(const PreviewOptions& options, const std::string& heading, Result& result,
+             LiveViewJson::InputError& error) {
+    LiveView liveView;
+    if (!LiveViewJson::LoadLiveView(options.file, liveView, error)) {
+        return false;
+    }
+    LiveViewClient client;
+    if (options.operation != "start") {
+        LiveView first;
+        if (!LiveViewJson::LoadLiveView(options.file, first, error)) {
+            return false;
+        }
+        first.SetSequence(nullptr);
+        LiveViewClient::LiveViewResult startResult;
+        const BaseRsp started = Apply(client, "start", first, startResult);
+        if (!started.Succeed()) {
+            result.Refuse(heading + " (the start before " + options.operation + ")",
+                          AnswerOf(started));
+            return true;
+        }
+    }
+    LiveViewClient::LiveViewResult outcome;
+    const BaseRsp rsp = Apply(client, options.operation, liveView, outcome);
+    if (!rsp.Succeed()) {
+        result.Refuse(heading, AnswerOf(rsp));
+        return true;
+    }
+    const auto held = Held(liveView);
+    if (held == nullptr) {
+        // An ended live view is kept only for its keep time, which may be none at all.
+        const auto id = liveView.GetId();
+        const std::string step = options.operation + ": the service holds nothing under id " +
+                                 (id == nullptr ? std::string("(none)") : std::to_string(*id));
+        result.page = LiveViewRender::FilmstripPage(
+            heading, {{step, {outcome.code, outcome.message}, std::nullopt}});
+        return true;
+    }
+    LiveViewRender::RenderOptions render;
+    render.resourceDir = options.resourceDir;
+    const LiveViewRender::Presentations presentations =
+        LiveViewRender::RenderPresentations(held, render);
+    result.page = LiveViewRender::PreviewPage(heading, presentations);
+    if (presentations.readBack.code != 0) {
+        result.refusal = presentations.readBack;
+        result.status = STATUS_REFUSED;
+    }
+    return true;
+}
+
+}  // namespace
+
+CLI::App* AddPreviewVerb(CLI::App& app, PreviewOptions& options) {
+    CLI::App* verb = app.add_subcommand(
+        "preview",
+        "Publish a live view to the embedded service and write a self-contained HTML page of "
+        "what the service holds: the capsule in the status bar, the card in the notification "
+        "shade, the lock screen card and the external screen.");
+    verb->add_option("FILE", options.file, "Live view JSON file")->required();
+    verb->add_option("--op", options.operation, "Operation to preview: start, update or stop")
+        ->check(CLI::IsMember({"start", "update", "stop"}));
+    verb->add_option("--res", options.resourceDir,
+                     "Folder of resource pictures: \"res://name\" is drawn from DIR/name.png; "
+                     "without it, or when the file is missing, a labelled placeholder");
+    verb->add_option("-o,--output", options.output, "Write the page here instead of to stdout");
+    verb->footer(PREVIEW_FOOTER);
+    return verb;
+}
+
+int RunPreview(const PreviewOptions& options, std::ostream& out, std::ostream& err) {
+    Tavi::Host::ResetAll();
+    Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
+    Tavi::Host::SetCallingApp(PREVIEW_APP.bundle, PREVIEW_APP.uid);
+    Tavi::Host::SetClockMillis(PLAY_CLOCK_START_MILLIS);
+
+    const std::string heading =
+        std::filesystem::path(options.file).filename().string() + " \xC2\xB7 " + options.operation;
+    Result result;
+    LiveViewJson::InputError error;
+    const bool usable = Preview(options, heading, result, error);
+    Tavi::Host::ResetAll();
+    Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
+    if (!usable) {
+        err << "liveview: " << error.ToString() << '\n';
+        return STATUS_UNUSABLE;
+    }
+    if (options.output.empty()) {
+        out << result.page;
+        return result.status;
+    }
+    std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
+    file << result.page;
+    file.close();
+    if (!file) {
+        err << "liveview: " << options.output << ": cannot be written\n";
+        return STATUS_UNUSABLE;
+    }
+    if (result.status != STATUS_OK) {
+        out << result.refusal.code << ' ' << result.refusal.message << '\n';
+    }
+    return result.status;
+}
+
+}  // namespace LiveViewCli

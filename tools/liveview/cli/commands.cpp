@@ -113,7 +113,10 @@ int RunPlay(const std::string& file, const PlayOptions& options, std::ostream& o
     if (!LoadScenario(file, scenario, error)) {
         return Unusable(error, err);
     }
-    return PlayScenario(scenario, options, out) ? STATUS_OK : STATUS_REFUSED;
+    TextPlayReport report(options, out);
+    const bool asExpected = PlayScenario(scenario, report);
+    report.Finish(asExpected);
+    return asExpected ? STATUS_OK : STATUS_REFUSED;
 }
 
 }  // namespace LiveViewCli

@@ -5,6 +5,7 @@
 
 #include "commands.h"
 #include "host_control.h"
+#include "json_document.h"
 #include "live_view_client.h"
 #include "live_view_reader.h"
 #include "render_page.h"
@@ -122,6 +123,62 @@ bool Preview(const PreviewOptions& options, const std::string& heading, Result& 
     return true;
 }
 
+// One frame per step: the step, its answer, and the live view held afterwards.
+class Filmstrip : public PlayObserver {
+public:
+    explicit Filmstrip(const LiveViewRender::RenderOptions& render) : render_(render) {}
+
+    void OnStep(const StepReport& report) override {
+        LiveViewRender::Frame frame;
+        frame.step = "#" + std::to_string(report.number) + " " + report.title;
+        if (!report.step->note.empty()) {
+            frame.step += " \xE2\x80\x94 " + report.step->note;
+        }
+        frame.answer = {report.code, report.message};
+        if (report.held != nullptr) {
+            frame.held = LiveViewRender::RenderPresentations(report.held, render_);
+        }
+        frames_.push_back(std::move(frame));
+        Tavi::Host::TakeLogLines();
+        Tavi::Host::TakeSysEvents();
+        Tavi::Host::TakeAppEvents();
+    }
+
+    const std::vector<LiveViewRender::Frame>& Frames() const { return frames_; }
+
+private:
+    LiveViewRender::RenderOptions render_;
+    std::vector<LiveViewRender::Frame> frames_;
+};
+
+// A scenario file: its steps played, one frame each. False with error set when it is unusable.
+bool PreviewScenario(const PreviewOptions& options, const std::string& heading, Result& result,
+                     LiveViewJson::InputError& error) {
+    Scenario scenario;
+    if (!LoadScenario(options.file, scenario, error)) {
+        return false;
+    }
+    LiveViewRender::RenderOptions render;
+    render.resourceDir = options.resourceDir;
+    Filmstrip filmstrip(render);
+    const bool asExpected = PlayScenario(scenario, filmstrip);
+    result.page = LiveViewRender::FilmstripPage(heading, filmstrip.Frames());
+    if (!asExpected) {
+        const auto& last = filmstrip.Frames().back();
+        result.refusal = last.answer;
+        result.status = STATUS_REFUSED;
+    }
+    return true;
+}
+
+// A scenario is an object with "steps"; anything else is taken for a live view.
+bool IsScenarioFile(const std::string& path) {
+    LiveViewJson::JsonDocument document;
+    LiveViewJson::InputError ignored;
+    return LiveViewJson::LoadJsonFile(path, document, ignored) && document.Root()->IsObject() &&
+           document.Root()->Find("steps") != nullptr;
+}
+
 }  // namespace
 
 CLI::App* AddPreviewVerb(CLI::App& app, PreviewOptions& options) {
@@ -130,8 +187,12 @@ CLI::App* AddPreviewVerb(CLI::App& app, PreviewOptions& options) {
         "Publish a live view to the embedded service and write a self-contained HTML page of "
         "what the service holds: the capsule in the status bar, the card in the notification "
         "shade, the lock screen card and the external screen.");
-    verb->add_option("FILE", options.file, "Live view JSON file")->required();
-    verb->add_option("--op", options.operation, "Operation to preview: start, update or stop")
+    verb->add_option("FILE", options.file,
+                     "Live view JSON file, or a scenario: then a filmstrip with one frame per "
+                     "step, the step's answer and the live view held after it")
+        ->required();
+    verb->add_option("--op", options.operation,
+                     "Operation to preview a live view file for: start, update or stop")
         ->check(CLI::IsMember({"start", "update", "stop"}));
     verb->add_option("--res", options.resourceDir,
                      "Folder of resource pictures: \"res://name\" is drawn from DIR/name.png; "
@@ -147,11 +208,13 @@ int RunPreview(const PreviewOptions& options, std::ostream& out, std::ostream& e
     Tavi::Host::SetCallingApp(PREVIEW_APP.bundle, PREVIEW_APP.uid);
     Tavi::Host::SetClockMillis(PLAY_CLOCK_START_MILLIS);
 
-    const std::string heading =
-        std::filesystem::path(options.file).filename().string() + " \xC2\xB7 " + options.operation;
+    const bool isScenario = IsScenarioFile(options.file);
+    const std::string heading = std::filesystem::path(options.file).filename().string() +
+                                (isScenario ? "" : " \xC2\xB7 " + options.operation);
     Result result;
     LiveViewJson::InputError error;
-    const bool usable = Preview(options, heading, result, error);
+    const bool usable = isScenario ? PreviewScenario(options, heading, result, error)
+                                   : Preview(options, heading, result, error);
     Tavi::Host::ResetAll();
     Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
     if (!usable) {

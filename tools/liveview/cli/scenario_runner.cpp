@@ -17,12 +17,13 @@ using namespace Tavi::Wisp::LiveView;
 
 namespace {
 
+// A step's answer, with what it says beyond the code and whether it concerns one live view.
 struct Outcome {
     int32_t code = 0;
     std::string message;
-    std::vector<std::string> details;  // printed under the step's line
-    bool showHeld = false;
-    int32_t heldId = 0;
+    std::vector<std::string> details;
+    bool concernsLiveView = false;
+    int32_t liveViewId = 0;
 };
 
 std::string PublicMessage(int32_t code) {
@@ -90,10 +91,11 @@ std::string Arguments(const Step& step) {
 
 class Player {
 public:
-    Player(const Scenario& scenario, std::ostream& out) : scenario_(scenario), out_(out) {}
+    explicit Player(const Scenario& scenario) : scenario_(scenario) {}
 
     Outcome Run(const Step& step);
-    void PrintHeld(int32_t id) const;
+    // Fills the report's held live view from what the service holds for the scenario's app.
+    void FindHeld(StepReport& report) const;
 
 private:
     Outcome Publish(const Step& step);
@@ -102,7 +104,6 @@ private:
     Outcome Control(const Step& step) const;
 
     const Scenario& scenario_;
-    std::ostream& out_;
     LiveViewClient client_;
 };
 
@@ -133,8 +134,8 @@ Outcome Player::Publish(const Step& step) {
         outcome.details.push_back("result: " + std::to_string(result.code) + " " + result.message);
     }
     if (const auto id = liveView.GetId()) {
-        outcome.showHeld = true;
-        outcome.heldId = *id;
+        outcome.concernsLiveView = true;
+        outcome.liveViewId = *id;
     }
     return outcome;
 }
@@ -187,58 +188,88 @@ Outcome Player::Control(const Step& step) const {
     return Outcome{SUCCESS, "done.", {}, false, 0};
 }
 
-void Player::PrintHeld(int32_t id) const {
+void Player::FindHeld(StepReport& report) const {
     for (const auto& held : Tavi::Host::HeldLiveViews()) {
         if (held.app.bundleName == scenario_.bundle && held.app.uid == scenario_.uid &&
-            held.id == id) {
-            out_ << "   held: id " << id << (held.ended ? ", ended" : ", active") << '\n';
-            const JsonTree tree = MakeTree(RequestToJson(*held.request));
-            out_ << Indent(PrintTree(tree.get()), "   ");
+            held.id == report.liveViewId) {
+            report.held = held.request;
+            report.heldEnded = held.ended;
             return;
         }
     }
-    out_ << "   held: none under id " << id << '\n';
 }
 
 }  // namespace
 
-bool PlayScenario(const Scenario& scenario, const PlayOptions& options, std::ostream& out) {
+bool PlayScenario(const Scenario& scenario, PlayObserver& observer) {
     Tavi::Host::ResetAll();
     Tavi::Host::SetAllModes(Tavi::Host::SinkMode::CAPTURE);
     Tavi::Host::SetCallingApp(scenario.bundle, scenario.uid);
     Tavi::Host::SetClockMillis(PLAY_CLOCK_START_MILLIS);
 
-    Player player(scenario, out);
+    Player player(scenario);
     bool asExpected = true;
     int number = 0;
+    int32_t lastLiveViewId = 0;
     for (const Step& step : scenario.steps) {
-        ++number;
-        const Outcome outcome = player.Run(step);
-        asExpected = outcome.code == step.expect;
-        out << '#' << number << ' ' << step.name << Arguments(step) << ": " << outcome.code << ' '
-            << outcome.message << (asExpected && step.expect != 0 ? " (expected)" : "") << '\n';
-        if (!step.note.empty()) {
-            out << "   note: " << step.note << '\n';
+        Outcome outcome = player.Run(step);
+        StepReport report;
+        report.number = ++number;
+        report.step = &step;
+        report.title = step.name + Arguments(step);
+        report.code = outcome.code;
+        report.message = std::move(outcome.message);
+        report.asExpected = outcome.code == step.expect;
+        report.details = std::move(outcome.details);
+        report.concernsLiveView = outcome.concernsLiveView;
+        if (outcome.concernsLiveView) {
+            lastLiveViewId = outcome.liveViewId;
         }
-        for (const auto& detail : outcome.details) {
-            out << "   " << detail << '\n';
-        }
-        FlushHostRecords(out, options.events, options.logLines);
-        if (outcome.showHeld) {
-            player.PrintHeld(outcome.heldId);
-        }
+        report.liveViewId = lastLiveViewId;
+        player.FindHeld(report);
+        observer.OnStep(report);
+        asExpected = report.asExpected;
         if (!asExpected) {
-            out << "play: step #" << number << " answered " << outcome.code << ", expected "
-                << step.expect << '\n';
             break;
         }
-    }
-    if (asExpected) {
-        out << "play: " << number << " steps, every answer as expected\n";
     }
     Tavi::Host::ResetAll();
     Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
     return asExpected;
+}
+
+void TextPlayReport::OnStep(const StepReport& report) {
+    const Step& step = *report.step;
+    steps_ = report.number;
+    out_ << '#' << report.number << ' ' << report.title << ": " << report.code << ' '
+         << report.message << (report.asExpected && step.expect != 0 ? " (expected)" : "") << '\n';
+    if (!step.note.empty()) {
+        out_ << "   note: " << step.note << '\n';
+    }
+    for (const auto& detail : report.details) {
+        out_ << "   " << detail << '\n';
+    }
+    FlushHostRecords(out_, options_.events, options_.logLines);
+    if (report.concernsLiveView) {
+        if (report.held == nullptr) {
+            out_ << "   held: none under id " << report.liveViewId << '\n';
+        } else {
+            out_ << "   held: id " << report.liveViewId
+                 << (report.heldEnded ? ", ended" : ", active") << '\n';
+            const JsonTree tree = MakeTree(RequestToJson(*report.held));
+            out_ << Indent(PrintTree(tree.get()), "   ");
+        }
+    }
+    if (!report.asExpected) {
+        out_ << "play: step #" << report.number << " answered " << report.code << ", expected "
+             << step.expect << '\n';
+    }
+}
+
+void TextPlayReport::Finish(bool asExpected) const {
+    if (asExpected) {
+        out_ << "play: " << steps_ << " steps, every answer as expected\n";
+    }
 }
 
 }  // namespace LiveViewCli

@@ -18,6 +18,7 @@
 
 #include "base_rsp.h"
 #include "live_view.h"
+#include "live_view_rule_hint.h"
 #include "notification_request.h"
 #include "want_params.h"
 
@@ -72,9 +73,12 @@ public:
     // liveView, the live view continued by an update or stop being `held`. Every section is
     // checked and, when its check passes, converted, in order; the first failing check ends the
     // build. On failure request holds what was built before it and must not be published.
+    // When hint is given it is cleared, and a failed check leaves in it how to fix the rule that
+    // failed (unset for a param-failed text or a failed preparation).
     static PipelineOutcome Build(const LiveView& liveView, const LiveView::Operation& operation,
                                  const HeldLiveView& held,
-                                 Notification::NotificationRequest& request);
+                                 Notification::NotificationRequest& request,
+                                 RuleHint* hint = nullptr);
 
     // What the service would hold for liveView had its sections been published as a start, for
     // tools that have no service to ask: the same conversions, without the checks. For a record

@@ -4,13 +4,16 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common_utils.h"
 #include "error_code.h"
 #include "flight_layout.h"
 #include "live_view_logger.h"
+#include "live_view_rule_hint.h"
 #include "navigation_layout.h"
 #include "pickup_layout.h"
 #include "pixel_map.h"
@@ -31,23 +34,40 @@ namespace {
 // The message of the rule that a value breaks, or nullptr when every rule holds.
 using Failure = const char*;
 
+// When an absent value breaks its rule, as the rule hint says it.
+constexpr const char* REQUIRED = "required";
+constexpr const char* REQUIRED_ON_START = "required on start";
+
+// A rule with one message; `path` is the JSON path of the member that the rule is about.
+struct RuleMessage {
+    const char* path;
+    const char* message;
+};
+
 // What a field rule reports: the value is malformed, or it is absent where it is required.
 struct FieldMessages {
+    const char* path;
     const char* invalid;
     const char* mandatory;
+    const char* requirement = REQUIRED_ON_START;  // when an absent value fails
 };
 
 // What a picture rule reports; a picture is given as a resource string or as an image.
 struct PictureMessages {
+    const char* path;
     const char* length;     // the image is too large
     const char* type;       // the resource string is empty
     const char* mandatory;  // neither is given where one is required
+    const char* requirement = REQUIRED_ON_START;
 };
 
 // What an icon list rule reports.
 struct IconListMessages {
+    const char* path;
     const char* count;        // a list has too few or too many entries, or a bad image
     const char* emptyString;  // a resource string of the list is empty
+    const char* mandatory;    // neither list is given where one is required; null if never
+    const char* requirement = REQUIRED_ON_START;
 };
 
 // Which form of a picture is tested first; the two orders decide which message wins when both
@@ -87,48 +107,60 @@ constexpr size_t ARGB_DIGITS = 8;
 constexpr size_t RGB_DIGITS = 6;
 constexpr int32_t COLOR_VALID = 0;
 
-constexpr const char* ID_MANDATORY =
-    "Parameter error. The type of liveView.id mustbe number [or the parameter is mandatory].";
-constexpr const char* EVENT_LENGTH =
+constexpr RuleMessage ID_MANDATORY{
+    "id",
+    "Parameter error. The type of liveView.id mustbe number [or the parameter is mandatory]."};
+constexpr RuleMessage EVENT_LENGTH{
+    "event",
     "Parameter error. The type of liveView.event mustbe string [or the parameter length exceeds "
-    "the limit].";
-constexpr const char* SEQUENCE_RANGE =
+    "the limit]."};
+constexpr RuleMessage SEQUENCE_RANGE{
+    "sequence",
     "Parameter error. The type of liveView.sequence mustbe number [or the parameter range is "
-    "incorrect].";
-constexpr const char* LIVE_VIEW_DATA_MANDATORY =
+    "incorrect]."};
+constexpr RuleMessage LIVE_VIEW_DATA_MANDATORY{
+    "liveViewData",
     "Parameter error. The type of liveView.liveViewData mustbe LiveViewData [or the parameter is "
-    "mandatory].";
-constexpr const char* TIMER_TIME_RANGE =
-    "Parameter error. The type of liveView.timer.time mustbe larger than or equal 0";
+    "mandatory]."};
+constexpr RuleMessage TIMER_TIME_RANGE{
+    "timer.time", "Parameter error. The type of liveView.timer.time mustbe larger than or equal 0"};
 
-constexpr const char* PRIMARY_MANDATORY =
+constexpr RuleMessage PRIMARY_MANDATORY{
+    "liveViewData.primary",
     "Parameter error. The type of liveViewData.primary mustbe PrimaryData [or the parameter is "
-    "mandatory].";
+    "mandatory]."};
 constexpr FieldMessages PRIMARY_TITLE{
+    "liveViewData.primary.title",
     "Parameter error. The type of primary.title mustbe string [or the parameter length exceeds "
     "the limit].",
     "Parameter error. The type of primary.title mustbe string [or the parameter is mandatory]."};
 constexpr FieldMessages PRIMARY_CONTENT{
+    "liveViewData.primary.content",
     "Parameter error. The type of primary.content mustbe Array<RichText> [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of primary.content mustbe Array<RichText> [or the parameter is "
     "mandatory]."};
-constexpr const char* PRIMARY_CLICK_ACTION_MANDATORY =
+constexpr RuleMessage PRIMARY_CLICK_ACTION_MANDATORY{
+    "liveViewData.primary.clickAction",
     "Parameter error. The type of primary.clickAction mustbe WantAgent [or the parameter is "
-    "mandatory].";
+    "mandatory]."};
 constexpr FieldMessages PRIMARY_IMMERSIVE_PIC{
+    "liveViewData.primary.immersivePic",
     "Parameter error. The type of primary.immersivePic mustbe string | image.PixelMap [or the "
     "parameter length exceeds the limit].",
     nullptr};
 constexpr FieldMessages PRIMARY_IMMERSIVE_ABILITY_NAME{
+    "liveViewData.primary.immersiveAbilityName",
     "Parameter error. The type of primary.immersiveAbilityName mustbe string [or the parameter "
     "length exceeds the limit].",
     nullptr};
-constexpr const char* PRIMARY_IMMERSIVE_PARAMETERS_COUNT =
+constexpr RuleMessage PRIMARY_IMMERSIVE_PARAMETERS_COUNT{
+    "liveViewData.primary.immersiveParameters",
     "Parameter error. The type of primary.immersiveParameters mustbe Record<string, string>. [or "
-    "the parameter length exceeds the limit].";
-constexpr const char* PRIMARY_IMMERSIVE_PARAMETERS_TYPE =
-    "Parameter error. The type of primary.immersiveParameters mustbe Record<string, string>.";
+    "the parameter length exceeds the limit]."};
+constexpr RuleMessage PRIMARY_IMMERSIVE_PARAMETERS_TYPE{
+    "liveViewData.primary.immersiveParameters",
+    "Parameter error. The type of primary.immersiveParameters mustbe Record<string, string>."};
 
 constexpr const char* RICH_TEXT_LENGTH =
     "Parameter error. The type of richText.text mustbe string [or the parameter length exceeds "
@@ -141,116 +173,146 @@ constexpr const char* RICH_TEXT_COLOR_RANGE =
     "Parameter error. The type of richText.textColor mustbe string [or the parameter range is "
     "incorrect].";
 
-constexpr const char* EXTENSION_TYPE =
-    "Parameter error. The type of extensionData.type mustbe ExtensionType.";
+constexpr RuleMessage EXTENSION_TYPE{
+    "liveViewData.primary.extensionData.type",
+    "Parameter error. The type of extensionData.type mustbe ExtensionType."};
 constexpr FieldMessages EXTENSION_TEXT{
+    "liveViewData.primary.extensionData.text",
     "Parameter error. The type of extensionData.text mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of extensionData.text mustbe string [or the parameter is "
-    "mandatory]."};
+    "mandatory].",
+    "required when type is 1 or 2"};
 constexpr PictureMessages EXTENSION_PIC{
+    "liveViewData.primary.extensionData.pic",
     "Parameter error. The type of extensionData.pic mustbe string | image.PixelMap [or the "
     "parameter length exceeds the limit].",
     "Parameter error. The type of extensionData.pic mustbe string | image.PixelMap.",
     "Parameter error. The type of extensionData.pic mustbe string | image.PixelMap [or the "
-    "parameter is mandatory]."};
+    "parameter is mandatory].",
+    "required when type is 3 or 4"};
 
 constexpr FieldMessages EXTERNAL_TITLE{
+    "liveViewData.external.title",
     "Parameter error. The type of external.title mustbe string [or the parameter length exceeds "
     "the limit].",
     "Parameter error. The type of external.title mustbe string [or the parameter is mandatory]."};
 constexpr FieldMessages EXTERNAL_CONTENT{
+    "liveViewData.external.content",
     "Parameter error. The type of external.content mustbe Array<RichTxtt> [or the parameter "
     "length exceeds the limit].",
     "Parameter error. The type of external.content mustbe Array<RichText> [or the parameter is "
     "mandatory]."};
-constexpr const char* EXTERNAL_BACKGROUND_COLOR =
+constexpr RuleMessage EXTERNAL_BACKGROUND_COLOR{
+    "liveViewData.external.backgroundColor",
     "Parameter error. The type of external.backgroundColor mustbe string [or the parameter length "
-    "exceeds the limit].";
+    "exceeds the limit]."};
 
 constexpr FieldMessages CAPSULE_STATUS{
+    "liveViewData.capsule.status",
     "Parameter error. The type of capsule.status mustbe number [or the parameter range is "
     "incorrect].",
-    "Parameter error. The type of capsule.status mustbe number [or the parameter is mandatory]."};
-constexpr const char* CAPSULE_TYPE =
-    "Parameter error. The type of capsule.type mustbe capsuleType.";
+    "Parameter error. The type of capsule.status mustbe number [or the parameter is mandatory].",
+    REQUIRED};
+constexpr RuleMessage CAPSULE_TYPE{"liveViewData.capsule.type",
+                                   "Parameter error. The type of capsule.type mustbe capsuleType."};
 constexpr PictureMessages CAPSULE_ICON{
+    "liveViewData.capsule.icon",
     "Parameter error. The type of capsule.icon mustbe string | image.PixelMap [or the parameter "
     "length exceeds the limit].",
     "Parameter error. The type of capsule.icon mustbe string | image.PixelMap.",
     "Parameter error. The type of capsule.icon mustbe string | image.PixelMap [or the parameter "
     "is mandatory]."};
 constexpr FieldMessages CAPSULE_BACKGROUND_COLOR{
+    "liveViewData.capsule.backgroundColor",
     "Parameter error. The type of capsule.backgroundColor mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of capsule.backgroundColor mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages CAPSULE_TITLE{
+    "liveViewData.capsule.title",
     "Parameter error. The type of capsule.title mustbe string [or the parameter length exceeds "
     "the limit].",
     "Parameter error. The type of capsule.title mustbe string [or the parameter is mandatory]."};
 constexpr FieldMessages CAPSULE_CONTENT{
+    "liveViewData.capsule.content",
     "Parameter error. The type of capsule.content mustbe string [or the parameter length exceeds "
     "the limit].",
     nullptr};
-constexpr const char* CAPSULE_MAX_RANGE =
+constexpr RuleMessage CAPSULE_MAX_RANGE{
+    "liveViewData.capsule.max",
     "Parameter error. The type of capsule.max mustbe number [or the parameter range is "
-    "incorrect].";
-constexpr const char* CAPSULE_PROGRESS_RANGE =
+    "incorrect]."};
+constexpr RuleMessage CAPSULE_PROGRESS_RANGE{
+    "liveViewData.capsule.progress",
     "Parameter error. The type of capsule.progress mustbe number [or the parameter range is "
-    "incorrect].";
+    "incorrect]."};
 
-constexpr const char* LAYOUT_MANDATORY =
+constexpr RuleMessage LAYOUT_MANDATORY{
+    "liveViewData.primary.layoutData",
     "Parameter error. The type of primary.layoutData mustbe LayoutData [or the parameter is "
-    "mandatory].";
-constexpr const char* LAYOUT_TYPE =
-    "Parameter error. The type of layoutData.layoutType mustbe LayoutType.";
+    "mandatory]."};
+constexpr RuleMessage LAYOUT_TYPE{
+    "liveViewData.primary.layoutData.layoutType",
+    "Parameter error. The type of layoutData.layoutType mustbe LayoutType."};
 
 constexpr FieldMessages PROGRESS_VALUE{
+    "liveViewData.primary.layoutData.progress",
     "Parameter error. The type of layoutData.progress mustbe number [or the parameter range is "
     "incorrect",
     "Parameter error. The type of layoutData.progress mustbe number [or the parameter is "
-    "mandatory]."};
+    "mandatory].",
+    REQUIRED};
 constexpr FieldMessages PROGRESS_COLOR{
+    "liveViewData.primary.layoutData.color",
     "Parameter error. The type of layoutData.color mustbe string [or the parameter length exceeds "
     "the limit].",
     nullptr};
 constexpr FieldMessages PROGRESS_BACKGROUND_COLOR{
+    "liveViewData.primary.layoutData.backgroundColor",
     "Parameter error. The type of layoutData.backgroundColor mustbe string [or the parameter "
     "length exceeds the limit].",
     nullptr};
-constexpr const char* PROGRESS_LINE_TYPE =
-    "Parameter error. The type of layoutData.lineType mustbe LineType";
-constexpr const char* PROGRESS_INDICATOR_TYPE =
-    "Parameter error. The type of layoutData.indicatorTypetype mustbe IndicatorType";
+constexpr RuleMessage PROGRESS_LINE_TYPE{
+    "liveViewData.primary.layoutData.lineType",
+    "Parameter error. The type of layoutData.lineType mustbe LineType"};
+constexpr RuleMessage PROGRESS_INDICATOR_TYPE{
+    "liveViewData.primary.layoutData.indicatorType",
+    "Parameter error. The type of layoutData.indicatorTypetype mustbe IndicatorType"};
 constexpr PictureMessages PROGRESS_INDICATOR_ICON{
+    "liveViewData.primary.layoutData.indicatorIcon",
     "Parameter error. The type of layoutData.indicatorIcon mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.indicatorIcon mustbe string | image.PixelMap.",
     "Parameter error. The type of layoutData.indicatorIcon mustbe string | image.PixelMap [or the "
-    "parameter is mandatory]."};
-constexpr const char* PROGRESS_NODE_ICONS_MANDATORY =
-    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap> [or "
-    "the parameter is mandatory].";
+    "parameter is mandatory].",
+    "required on start when indicatorType is 1 or 2"};
 constexpr IconListMessages PROGRESS_NODE_ICONS{
+    "liveViewData.primary.layoutData.nodeIcons",
     "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap> [or "
     "the parameter length exceeds the limit].",
-    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap>"};
+    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap>",
+    "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | image.PixelMap> [or "
+    "the parameter is mandatory]."};
 
 constexpr FieldMessages PICKUP_TITLE{
+    "liveViewData.primary.layoutData.title",
     "Parameter error. The type of layoutData.title mustbe string [or the parameter length exceeds "
     "the limit].",
     "Parameter error. The type of layoutData.title mustbe string [or the parameter is mandatory]."};
 constexpr FieldMessages PICKUP_CONTENT{
+    "liveViewData.primary.layoutData.content",
     "Parameter error. The type of layoutData.content mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.content mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages PICKUP_UNDERLINE_COLOR{
+    "liveViewData.primary.layoutData.underlineColor",
     "Parameter error. The type of layoutData.underlineColor mustbe string [or the parameter length "
     "exceeds the limit].",
     nullptr};
 constexpr PictureMessages PICKUP_DESC_PIC{
+    "liveViewData.primary.layoutData.descPic",
     "Parameter error. The type of layoutData.descPic mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.descPic mustbe string | image.PixelMap.",
@@ -258,84 +320,101 @@ constexpr PictureMessages PICKUP_DESC_PIC{
     "parameter is mandatory]."};
 
 constexpr FieldMessages FLIGHT_FIRST_TITLE{
+    "liveViewData.primary.layoutData.firstTitle",
     "Parameter error. The type of layoutData.firstTitle mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.firstTitle mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages FLIGHT_FIRST_CONTENT{
+    "liveViewData.primary.layoutData.firstContent",
     "Parameter error. The type of layoutData.firstContent mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.firstContent mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages FLIGHT_LAST_TITLE{
+    "liveViewData.primary.layoutData.lastTitle",
     "Parameter error. The type of layoutData.lastTitle mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.lastTitle mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages FLIGHT_LAST_CONTENT{
+    "liveViewData.primary.layoutData.lastContent",
     "Parameter error. The type of layoutData.lastContent mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.lastContent mustbe string [or the parameter is "
     "mandatory]."};
 constexpr PictureMessages FLIGHT_SPACE_ICON{
+    "liveViewData.primary.layoutData.spaceIcon",
     "Parameter error. The type of layoutData.spaceIcon mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.spaceIcon mustbe string | image.PixelMap.",
     "Parameter error. The type of layoutData.spaceIcon mustbe string | image.PixelMap [or the "
     "parameter is mandatory]."};
 constexpr FieldMessages FLIGHT_ADDITIONAL_TEXT{
+    "liveViewData.primary.layoutData.additionalText",
     "Parameter error. The type of layoutData.additionalText mustbe string [or the parameter length "
     "exceeds the limit].",
     nullptr};
 
 constexpr FieldMessages SCORE_HOST_NAME{
+    "liveViewData.primary.layoutData.hostName",
     "Parameter error. The type of layoutData.hostName mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.hostName mustbe string [or the parameter is "
     "mandatory]."};
 constexpr PictureMessages SCORE_HOST_ICON{
+    "liveViewData.primary.layoutData.hostIcon",
     "Parameter error. The type of layoutData.hostIcon mustbe string | image.PixelMap [or the "
     "parameter length exceeds the limit].",
     "Parameter error. The type of layoutData.hostIcon mustbe string | image.PixelMap.",
     "Parameter error. The type of layoutData.hostIcon mustbe string | image.PixelMap [or the "
     "parameter is mandatory]."};
 constexpr FieldMessages SCORE_HOST_SCORE{
+    "liveViewData.primary.layoutData.hostScore",
     "Parameter error. The type of layoutData.hostScore mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.hostScore mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages SCORE_GUEST_NAME{
+    "liveViewData.primary.layoutData.guestName",
     "Parameter error. The type of layoutData.guestName mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.guestName mustbe string [or the parameter is "
     "mandatory]."};
 constexpr PictureMessages SCORE_GUEST_ICON{
+    "liveViewData.primary.layoutData.guestIcon",
     "Parameter error. The type of layoutData.guestIcon mustbe string | image.PixelMap [or the "
     "parameter length exceeds the limit].",
     "Parameter error. The type of layoutData.guestIcon mustbe string | image.PixelMap.",
     "Parameter error. The type of layoutData.guestIcon mustbe string | image.PixelMap [or the "
     "parameter is mandatory]."};
 constexpr FieldMessages SCORE_GUEST_SCORE{
+    "liveViewData.primary.layoutData.guestScore",
     "Parameter error. The type of layoutData.guestScore mustbe string [or the parameter length "
     "exceeds the limit].",
     "Parameter error. The type of layoutData.guestScore mustbe string [or the parameter is "
     "mandatory]."};
 constexpr FieldMessages SCORE_COMPETITION_DESC_TEXT{
+    "liveViewData.primary.layoutData.competitionDesc",
     "Parameter error. The type of layoutData.competitionDesc mustbe string [or the parameter "
     "length exceeds the limit].",
     nullptr};
 constexpr FieldMessages SCORE_COMPETITION_DESC{
+    "liveViewData.primary.layoutData.competitionDescVector",
     "Parameter error. The type of layoutData.competitionDesc mustbe string | Array<RichText> [or "
     "the parameter length exceeds the limit].",
     "Parameter error. The type of layoutData.competitionDesc mustbe string | Array<RichText> [or "
-    "the parameter is mandatory]."};
+    "the parameter is mandatory].",
+    "required on start unless competitionDesc is given"};
 constexpr FieldMessages SCORE_COMPETITION_TIME{
+    "liveViewData.primary.layoutData.competitionTime",
     "Parameter error. The type of layoutData.competitionTime mustbe string [or the parameter "
     "length exceeds the limit].",
     "Parameter error. The type of layoutData.competitionTime mustbe string [or the parameter is "
     "mandatory]."};
 
 constexpr PictureMessages NAVIGATION_CURRENT_ICON{
+    "liveViewData.primary.layoutData.currentNavigationIcon",
     "Parameter error. The type of layoutData.currentNavigationIcon mustbe string | image.PixelMap "
     "[or the parameter length exceeds the limit].",
     "Parameter error. The type of layoutData.currentNavigationIconStr mustbe string | "
@@ -343,10 +422,12 @@ constexpr PictureMessages NAVIGATION_CURRENT_ICON{
     "Parameter error. The type of layoutData.currentNavigationIcon mustbe string | image.PixelMap "
     "[or the parameter is mandatory]."};
 constexpr IconListMessages NAVIGATION_ICONS{
+    "liveViewData.primary.layoutData.navigationIcons",
     "Parameter error. The type of layoutData.navigationIcons mustbe Array<string | image.PixelMap> "
     "[or the parameter length exceeds the limit].",
     "Parameter error. The type of layoutData.navigationIcons mustbe Array<string | "
-    "image.PixelMap>"};
+    "image.PixelMap>",
+    nullptr};
 
 BaseRsp Fail(Failure message) {
     return BaseRsp(ERR_PARAM_INVALID, "%s", message);
@@ -356,7 +437,72 @@ BaseRsp ToRsp(Failure failure) {
     return failure == nullptr ? BaseRsp() : Fail(failure);
 }
 
-// Fails with the record's param-failed text verbatim when it is not empty.
+// ---- rule hints: built only on a failure, and only while a hint scope is alive
+
+// Answers `message` once the broken rule is described as "<path>: <makeText()>".
+template <typename MakeText>
+Failure Broken(Failure message, const char* path, MakeText&& makeText) {
+    RecordRuleHint([&] { return RuleHint{path, makeText()}; });
+    return message;
+}
+
+template <typename MakeText>
+Failure Broken(const RuleMessage& rule, MakeText&& makeText) {
+    return Broken(rule.message, rule.path, std::forward<MakeText>(makeText));
+}
+
+// The mandatory failure of a field or picture whose value is absent.
+template <typename Messages>
+Failure Missing(const Messages& messages) {
+    return Broken(messages.mandatory, messages.path,
+                  [&] { return std::string("missing; ") + messages.requirement; });
+}
+
+Failure Missing(const RuleMessage& rule, const char* requirement) {
+    return Broken(rule, [&] { return std::string("missing; ") + requirement; });
+}
+
+// A number against its valid range, e.g. "101; 0 to 100".
+Failure OutOfRange(Failure message, const char* path, int64_t value, const char* range) {
+    return Broken(message, path, [&] { return FormatNumber(value) + "; " + range; });
+}
+
+Failure OutOfRange(const RuleMessage& rule, int64_t value, const char* range) {
+    return OutOfRange(rule.message, rule.path, value, range);
+}
+
+std::string LengthRule(uint64_t maxBytes) {
+    return "at most " + FormatNumber(static_cast<int64_t>(maxBytes)) + " bytes, not blank";
+}
+
+// The value found by the length rule: blank (quoted), or its size.
+std::string LengthFound(const std::string& value, size_t size, const char* unit) {
+    return CommonUtils::IsBlank(value) ? QuoteText(value) + " is blank"
+                                       : FormatNumber(static_cast<int64_t>(size)) + unit;
+}
+
+std::string ImageBytesText(const Media::PixelMap& image) {
+    return FormatNumber(image.GetByteCount()) + " bytes; at most " + FormatNumber(MAX_IMAGE_BYTES) +
+           " bytes";
+}
+
+std::string NotColorText(const std::string& color, const char* form) {
+    return QuoteText(color) + " is not " + form;
+}
+
+// "1 picture", "3 pictures": a count and its noun, with an "s" unless the count is 1.
+std::string Counted(size_t count, const char* noun) {
+    return FormatNumber(static_cast<int64_t>(count)) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::string ItemPath(const char* listPath, size_t index, const char* member) {
+    return std::string(listPath) + "[" + std::to_string(index) + "]." + member;
+}
+
+// ---- rules
+
+// Fails with the record's param-failed text verbatim when it is not empty; such a failure has
+// no hint, its text already names the member.
 BaseRsp CheckParamFailed(const LiveViewBase& record) {
     const std::string paramFailed = record.GetParamFailed();
     return paramFailed.empty() ? BaseRsp() : BaseRsp(ERR_PARAM_INVALID, paramFailed);
@@ -372,13 +518,21 @@ bool IsWithinLimit(const std::string& value, const uint64_t& limit) {
     return !CommonUtils::IsBlank(value) && value.size() < limit;
 }
 
+// How a value breaks the length rule of `limit`.
+std::string LengthText(const std::string& value, const uint64_t& limit) {
+    return LengthFound(value, value.size(), " bytes") + "; " + LengthRule(limit - 1);
+}
+
 // A present text obeys the length rule; an absent one fails only when required.
 Failure CheckText(const std::shared_ptr<std::string>& text, const uint64_t& limit, bool required,
                   const FieldMessages& messages) {
     if (text == nullptr) {
-        return required ? messages.mandatory : nullptr;
+        return required ? Missing(messages) : nullptr;
     }
-    return IsWithinLimit(*text, limit) ? nullptr : messages.invalid;
+    if (IsWithinLimit(*text, limit)) {
+        return nullptr;
+    }
+    return Broken(messages.invalid, messages.path, [&] { return LengthText(*text, limit); });
 }
 
 // "#" then exactly `digits` hexadecimal digits of either case, nothing before or after: what the
@@ -407,9 +561,13 @@ bool IsRgbHexColor(const std::string& color) {
 Failure CheckColor(const std::shared_ptr<std::string>& color, bool required,
                    const FieldMessages& messages) {
     if (color == nullptr) {
-        return required ? messages.mandatory : nullptr;
+        return required ? Missing(messages) : nullptr;
     }
-    return CheckArgbHexColor(*color) == COLOR_VALID ? nullptr : messages.invalid;
+    if (CheckArgbHexColor(*color) == COLOR_VALID) {
+        return nullptr;
+    }
+    return Broken(messages.invalid, messages.path,
+                  [&] { return NotColorText(*color, "#AARRGGBB"); });
 }
 
 bool ExceedsImageLimit(const std::shared_ptr<Media::PixelMap>& image) {
@@ -427,13 +585,18 @@ Failure CheckPictureForm(const std::shared_ptr<std::string>& text,
                          const std::shared_ptr<Media::PixelMap>& image, PictureOrder order,
                          const PictureMessages& messages) {
     const bool isEmptyText = text != nullptr && text->empty();
+    const auto emptyText = [&messages] {
+        return Broken(messages.type, messages.path, [] {
+            return std::string("\"\" is empty; a resource name that is not empty");
+        });
+    };
     if (order == PictureOrder::STRING_FIRST && isEmptyText) {
-        return messages.type;
+        return emptyText();
     }
     if (ExceedsImageLimit(image)) {
-        return messages.length;
+        return Broken(messages.length, messages.path, [&] { return ImageBytesText(*image); });
     }
-    return isEmptyText ? messages.type : nullptr;
+    return isEmptyText ? emptyText() : nullptr;
 }
 
 // The form rules, then one of the two forms must be given when required.
@@ -443,11 +606,36 @@ Failure CheckPicture(const std::shared_ptr<std::string>& text,
     if (Failure failure = CheckPictureForm(text, image, order, messages)) {
         return failure;
     }
-    return required && IsPictureMissing(text, image) ? messages.mandatory : nullptr;
+    return required && IsPictureMissing(text, image) ? Missing(messages) : nullptr;
 }
 
 bool IsIconCountValid(size_t count, size_t maxCount) {
     return count >= MIN_ICONS && count <= maxCount;
+}
+
+// The count rule of one form of an icon list, e.g. "6 items; 2 to 5" when the list holds one
+// form only, "1 picture beside 3 resource strings; 2 to 5 of each form" otherwise.
+Failure BadIconCount(const IconListMessages& messages, size_t count, const char* form,
+                     size_t otherCount, const char* otherForm, size_t maxCount) {
+    return Broken(messages.count, messages.path, [&] {
+        const std::string range = std::to_string(MIN_ICONS) + " to " + std::to_string(maxCount);
+        if (otherCount == 0) {
+            return Counted(count, "item") + "; " + range;
+        }
+        return Counted(count, form) + " beside " + Counted(otherCount, otherForm) + "; " + range +
+               " of each form";
+    });
+}
+
+// An entry of one form of an icon list, numbered from 1 within its form, then makeRule()'s
+// "<what is wrong>; <rule>".
+template <typename MakeRule>
+Failure BadIconEntry(Failure message, const IconListMessages& messages, const char* form,
+                     std::ptrdiff_t index, size_t count, MakeRule&& makeRule) {
+    return Broken(message, messages.path, [&] {
+        return std::string(form) + " " + std::to_string(index + 1) + " of " +
+               std::to_string(count) + makeRule();
+    });
 }
 
 // An icon list that is given at all holds MIN_ICONS to maxCount entries, strings not empty and
@@ -457,47 +645,64 @@ Failure CheckIconLists(const std::vector<std::string>& texts,
                        const IconListMessages& messages) {
     if (!texts.empty()) {
         if (!IsIconCountValid(texts.size(), maxCount)) {
-            return messages.count;
+            return BadIconCount(messages, texts.size(), "resource string", images.size(), "picture",
+                                maxCount);
         }
-        const bool hasEmptyText = std::any_of(texts.begin(), texts.end(),
-                                              [](const std::string& text) { return text.empty(); });
-        if (hasEmptyText) {
-            return messages.emptyString;
+        const auto emptyText = std::find_if(texts.begin(), texts.end(),
+                                            [](const std::string& text) { return text.empty(); });
+        if (emptyText != texts.end()) {
+            return BadIconEntry(
+                messages.emptyString, messages, "resource string", emptyText - texts.begin(),
+                texts.size(), [] { return std::string(" is empty; no resource string is empty"); });
         }
     }
     if (!images.empty()) {
         if (!IsIconCountValid(images.size(), maxCount)) {
-            return messages.count;
+            return BadIconCount(messages, images.size(), "picture", texts.size(), "resource string",
+                                maxCount);
         }
-        const bool hasBadImage = std::any_of(
-            images.begin(), images.end(), [](const std::shared_ptr<Media::PixelMap>& image) {
-                return image == nullptr || ExceedsImageLimit(image);
-            });
-        if (hasBadImage) {
-            return messages.count;
+        const auto badImage = std::find_if(images.begin(), images.end(),
+                                           [](const std::shared_ptr<Media::PixelMap>& image) {
+                                               return image == nullptr || ExceedsImageLimit(image);
+                                           });
+        if (badImage != images.end()) {
+            return BadIconEntry(
+                messages.count, messages, "picture", badImage - images.begin(), images.size(), [&] {
+                    return *badImage == nullptr ? std::string(" is missing; every picture is given")
+                                                : " has " + ImageBytesText(**badImage);
+                });
         }
     }
     return nullptr;
 }
 
 // Every item and the sum of all items obey the limit; null items are skipped; all items that
-// carry a colour carry the same one, byte for byte.
+// carry a colour carry the same one, byte for byte. `listPath` is the list's JSON path.
 BaseRsp CheckRichText(const std::vector<std::shared_ptr<RichText>>& richTexts,
-                      const uint64_t& limit) {
+                      const uint64_t& limit, const char* listPath) {
     if (richTexts.empty()) {
-        return Fail(RICH_TEXT_LENGTH);
+        return Fail(
+            Broken(RICH_TEXT_LENGTH, listPath, [] { return std::string("no items; at least 1"); }));
     }
     uint64_t totalLength = 0;
     std::string sharedColor;
-    for (const auto& richText : richTexts) {
+    for (size_t index = 0; index < richTexts.size(); ++index) {
+        const auto& richText = richTexts[index];
         if (richText == nullptr) {
             continue;
         }
         const auto text = richText->GetText();
         if (text == nullptr) {
+            RecordRuleHint([&] {
+                return RuleHint{ItemPath(listPath, index, "text"),
+                                "missing; every item has a text"};
+            });
             return Fail(RICH_TEXT_TYPE);
         }
         if (!IsWithinLimit(*text, limit)) {
+            RecordRuleHint([&] {
+                return RuleHint{ItemPath(listPath, index, "text"), LengthText(*text, limit)};
+            });
             return Fail(RICH_TEXT_LENGTH);
         }
         totalLength += text->size();
@@ -510,29 +715,41 @@ BaseRsp CheckRichText(const std::vector<std::shared_ptr<RichText>>& richTexts,
             continue;
         }
         if (CheckArgbHexColor(*color) != COLOR_VALID) {
+            RecordRuleHint([&] {
+                return RuleHint{ItemPath(listPath, index, "textColor"),
+                                NotColorText(*color, "#AARRGGBB")};
+            });
             return Fail(RICH_TEXT_COLOR_INVALID);
         }
         if (sharedColor.empty()) {
             sharedColor = *color;
         }
         if (*color != sharedColor) {
+            RecordRuleHint([&] {
+                return RuleHint{ItemPath(listPath, index, "textColor"),
+                                QuoteText(*color) + " differs from " + QuoteText(sharedColor) +
+                                    "; every coloured item of one list has the same colour"};
+            });
             return Fail(RICH_TEXT_COLOR_RANGE);
         }
     }
     if (totalLength < 1 || totalLength >= limit) {
-        return Fail(RICH_TEXT_LENGTH);
+        return Fail(Broken(RICH_TEXT_LENGTH, listPath, [&] {
+            return FormatNumber(static_cast<int64_t>(totalLength)) + " bytes in all; 1 to " +
+                   FormatNumber(static_cast<int64_t>(limit - 1)) + " bytes in all";
+        }));
     }
     return BaseRsp();
 }
 
-// A non-empty list passes CheckRichText, whose own message gives way to the field's; an empty
-// one fails only when required.
+// A non-empty list passes CheckRichText, whose own message gives way to the field's (its hint
+// stays: it names the item at fault); an empty one fails only when required.
 Failure CheckRichTextField(const std::vector<std::shared_ptr<RichText>>& richTexts,
                            const uint64_t& limit, bool required, const FieldMessages& messages) {
     if (richTexts.empty()) {
-        return required ? messages.mandatory : nullptr;
+        return required ? Missing(messages) : nullptr;
     }
-    return CheckRichText(richTexts, limit).Succeed() ? nullptr : messages.invalid;
+    return CheckRichText(richTexts, limit, messages.path).Succeed() ? nullptr : messages.invalid;
 }
 
 // Takes the record as its kind and applies the kind's rules; a record that is not of that kind
@@ -558,6 +775,26 @@ void ClampKeepTime(PrimaryData& primary) {
     }
 }
 
+// What a parameter value that is not a string is, for the hint.
+const char* ValueKindName(int type) {
+    switch (type) {
+        case AAFwk::WantParams::VALUE_TYPE_BOOLEAN:
+            return "a boolean";
+        case AAFwk::WantParams::VALUE_TYPE_INT:
+        case AAFwk::WantParams::VALUE_TYPE_LONG:
+        case AAFwk::WantParams::VALUE_TYPE_DOUBLE:
+            return "a number";
+        case AAFwk::WantParams::VALUE_TYPE_WANTPARAMS:
+            return "an object";
+        case AAFwk::WantParams::VALUE_TYPE_ARRAY:
+            return "an array";
+        case AAFwk::WantParams::VALUE_TYPE_NULL:
+            return "null";
+        default:
+            return "not a string";
+    }
+}
+
 // The immersive fields, checked only once the rest of the primary data passed.
 Failure CheckImmersive(const PrimaryData& primary, bool isStart) {
     if (Failure failure = CheckText(primary.GetImmersivePicStr(), IMMERSIVE_PIC_LIMIT, false,
@@ -576,11 +813,19 @@ Failure CheckImmersive(const PrimaryData& primary, bool isStart) {
     }
     const int count = parameters->Size();
     if (count < 1 || count > MAX_IMMERSIVE_PARAMETERS) {
-        return PRIMARY_IMMERSIVE_PARAMETERS_COUNT;
+        return Broken(PRIMARY_IMMERSIVE_PARAMETERS_COUNT, [&] {
+            return Counted(count, "parameter") + "; 1 to " + FormatNumber(MAX_IMMERSIVE_PARAMETERS);
+        });
     }
     for (const auto& entry : parameters->GetParams()) {
-        if (AAFwk::WantParams::GetDataType(entry.second) != AAFwk::WantParams::VALUE_TYPE_STRING) {
-            return PRIMARY_IMMERSIVE_PARAMETERS_TYPE;
+        const int type = AAFwk::WantParams::GetDataType(entry.second);
+        if (type != AAFwk::WantParams::VALUE_TYPE_STRING) {
+            RecordRuleHint([&] {
+                return RuleHint{
+                    std::string(PRIMARY_IMMERSIVE_PARAMETERS_TYPE.path) + "." + entry.first,
+                    std::string(ValueKindName(type)) + "; every value is a string"};
+            });
+            return PRIMARY_IMMERSIVE_PARAMETERS_TYPE.message;
         }
     }
     return nullptr;
@@ -594,7 +839,7 @@ Failure CheckCapsuleCommon(const CapsuleData& capsule, bool isStart) {
         case CapsuleData::PROGRESS:
             break;
         default:
-            return CAPSULE_TYPE;
+            return OutOfRange(CAPSULE_TYPE, capsule.GetType(), "1, 2 or 3");
     }
     if (Failure failure = CheckPicture(capsule.GetIconStr(), capsule.GetIcon(),
                                        PictureOrder::IMAGE_FIRST, isStart, CAPSULE_ICON)) {
@@ -618,11 +863,11 @@ Failure CheckTimerCapsule(const TimerCapsule& capsule, bool /* isStart */) {
 Failure CheckProgressCapsule(const ProgressCapsule& capsule, bool /* isStart */) {
     const auto max = capsule.GetMax();
     if (max != nullptr && *max < 1) {
-        return CAPSULE_MAX_RANGE;
+        return OutOfRange(CAPSULE_MAX_RANGE, *max, "1 or more");
     }
     const auto progress = capsule.GetProgress();
     if (progress != nullptr && *progress < 0) {
-        return CAPSULE_PROGRESS_RANGE;
+        return OutOfRange(CAPSULE_PROGRESS_RANGE, *progress, "0 or more");
     }
     return nullptr;
 }
@@ -631,10 +876,10 @@ Failure CheckProgressCapsule(const ProgressCapsule& capsule, bool /* isStart */)
 Failure CheckProgressLayout(const ProgressLayout& layout, bool isStart) {
     const auto progress = layout.GetProgress();
     if (progress == nullptr) {
-        return PROGRESS_VALUE.mandatory;
+        return Missing(PROGRESS_VALUE);
     }
     if (!IsBelowUnsigned(*progress, PROGRESS_BOUND)) {
-        return PROGRESS_VALUE.invalid;
+        return OutOfRange(PROGRESS_VALUE.invalid, PROGRESS_VALUE.path, *progress, "0 to 100");
     }
     if (Failure failure = CheckColor(layout.GetColor(), false, PROGRESS_COLOR)) {
         return failure;
@@ -645,11 +890,11 @@ Failure CheckProgressLayout(const ProgressLayout& layout, bool isStart) {
     }
     const auto lineType = layout.GetLineType();
     if (lineType != nullptr && !IsBelowUnsigned(*lineType, STYLE_TYPE_BOUND)) {
-        return PROGRESS_LINE_TYPE;
+        return OutOfRange(PROGRESS_LINE_TYPE, *lineType, "0 to 2");
     }
     const auto indicatorType = layout.GetIndicatorType();
     if (indicatorType != nullptr && !IsBelowUnsigned(*indicatorType, STYLE_TYPE_BOUND)) {
-        return PROGRESS_INDICATOR_TYPE;
+        return OutOfRange(PROGRESS_INDICATOR_TYPE, *indicatorType, "0 to 2");
     }
     const bool needsIndicatorIcon = isStart && indicatorType != nullptr &&
                                     (*indicatorType == ProgressLayout::INDICATOR_TYPE_ICON_1 ||
@@ -662,7 +907,7 @@ Failure CheckProgressLayout(const ProgressLayout& layout, bool isStart) {
     const auto nodeIconsStr = layout.GetNodeIconsStr();
     const auto nodeIcons = layout.GetNodeIcons();
     if (isStart && nodeIconsStr.empty() && nodeIcons.empty()) {
-        return PROGRESS_NODE_ICONS_MANDATORY;
+        return Missing(PROGRESS_NODE_ICONS);
     }
     return CheckIconLists(nodeIconsStr, nodeIcons, MAX_NODE_ICONS, PROGRESS_NODE_ICONS);
 }
@@ -709,7 +954,7 @@ Failure CheckFlightLayout(const FlightLayout& layout, bool isStart) {
             CheckText(layout.GetAdditionalText(), LONG_TEXT_LIMIT, false, FLIGHT_ADDITIONAL_TEXT)) {
         return failure;
     }
-    return isStart && IsPictureMissing(spaceIconStr, spaceIcon) ? FLIGHT_SPACE_ICON.mandatory
+    return isStart && IsPictureMissing(spaceIconStr, spaceIcon) ? Missing(FLIGHT_SPACE_ICON)
                                                                 : nullptr;
 }
 
@@ -807,12 +1052,25 @@ BaseRsp LiveViewParamValidate::ValidateUpdateLiveViewParam(const LiveView& liveV
     if (result.Succeed()) {
         return result;
     }
+    // The answer is the last failure, or a success: the hint follows it.
+    RuleHint* const sink = RuleHintScope::Active();
     for (SectionCheck check : OPTIONAL_SECTIONS) {
         bool isPresent = false;
+        RuleHint sectionHint;
+        std::optional<RuleHintScope> scope;
+        if (sink != nullptr) {
+            scope.emplace(sectionHint);
+        }
         rsp = check(liveView, operation, isPresent);
         if (!rsp.Succeed()) {
             result = rsp;
+            if (sink != nullptr) {
+                *sink = std::move(sectionHint);
+            }
         } else if (isPresent) {
+            if (sink != nullptr) {
+                *sink = RuleHint();
+            }
             return rsp;
         }
     }
@@ -825,18 +1083,21 @@ BaseRsp LiveViewParamValidate::CommonDataParamValidate(const LiveView& liveView)
         return rsp;
     }
     if (liveView.GetId() == nullptr) {
-        return Fail(ID_MANDATORY);
+        return Fail(Missing(ID_MANDATORY, REQUIRED));
     }
     const size_t eventLength = CommonUtils::TrimString(liveView.GetEvent()).size();
     if (eventLength == 0 || eventLength > EVENT_MAX_LENGTH) {
-        return Fail(EVENT_LENGTH);
+        return Fail(Broken(EVENT_LENGTH, [&] {
+            return LengthFound(liveView.GetEvent(), eventLength, " bytes once trimmed") + "; " +
+                   LengthRule(EVENT_MAX_LENGTH);
+        }));
     }
     const auto sequence = liveView.GetSequence();
     if (sequence != nullptr && *sequence < 0) {
-        return Fail(SEQUENCE_RANGE);
+        return Fail(OutOfRange(SEQUENCE_RANGE, *sequence, "0 or more"));
     }
     if (liveView.GetLiveViewData() == nullptr) {
-        return Fail(LIVE_VIEW_DATA_MANDATORY);
+        return Fail(Missing(LIVE_VIEW_DATA_MANDATORY, REQUIRED));
     }
     return BaseRsp();
 }
@@ -852,7 +1113,7 @@ BaseRsp LiveViewParamValidate::TimerDataParamValidate(const LiveView& liveView) 
     }
     const auto time = timer->GetTime();
     if (time != nullptr && *time < 0) {
-        return Fail(TIMER_TIME_RANGE);
+        return Fail(OutOfRange(TIMER_TIME_RANGE, *time, "0 or more"));
     }
     return BaseRsp();
 }
@@ -861,7 +1122,7 @@ BaseRsp LiveViewParamValidate::PrimaryDataParamValidate(const LiveView& liveView
                                                         const LiveView::Operation& operation) {
     const auto primary = LiveView::GetPrimaryData(liveView);
     if (primary == nullptr) {
-        return Fail(PRIMARY_MANDATORY);
+        return Fail(Missing(PRIMARY_MANDATORY, REQUIRED));
     }
     BaseRsp rsp = CheckParamFailed(*primary);
     if (!rsp.Succeed()) {
@@ -879,7 +1140,7 @@ BaseRsp LiveViewParamValidate::PrimaryDataParamValidate(const LiveView& liveView
         ClampKeepTime(*primary);
     }
     if (isStart && primary->GetClickAction() == nullptr) {
-        return Fail(PRIMARY_CLICK_ACTION_MANDATORY);
+        return Fail(Missing(PRIMARY_CLICK_ACTION_MANDATORY, REQUIRED_ON_START));
     }
     return ToRsp(CheckImmersive(*primary, isStart));
 }
@@ -897,7 +1158,7 @@ BaseRsp LiveViewParamValidate::ExtendDataParamValidate(const LiveView& liveView,
     }
     const ExtensionData::ExtensionType type = extension->GetType();
     if (!IsBelowUnsigned(type, EXTENSION_TYPE_BOUND)) {
-        return Fail(EXTENSION_TYPE);
+        return Fail(OutOfRange(EXTENSION_TYPE, type, "0 to 4"));
     }
     const bool needsText = type == ExtensionData::EXTENSION_TYPE_TEXT_1 ||
                            type == ExtensionData::EXTENSION_TYPE_TEXT_2;
@@ -916,7 +1177,7 @@ BaseRsp LiveViewParamValidate::LayoutDataParamValidate(const LiveView& liveView,
     const bool isStart = operation == LiveView::START;
     const auto layout = LiveView::GetLayoutData(liveView);
     if (layout == nullptr) {
-        return isStart ? Fail(LAYOUT_MANDATORY) : BaseRsp();
+        return isStart ? Fail(Missing(LAYOUT_MANDATORY, REQUIRED_ON_START)) : BaseRsp();
     }
     isPresent = true;
     BaseRsp rsp = CheckParamFailed(*layout);
@@ -942,7 +1203,7 @@ BaseRsp LiveViewParamValidate::LayoutDataParamValidate(const LiveView& liveView,
             return CheckKind(AsNavigationLayout(layout), "navigationLayout", LAYOUT_KIND_ABSENT,
                              CheckNavigationLayout, isStart);
         default:
-            return Fail(LAYOUT_TYPE);
+            return Fail(OutOfRange(LAYOUT_TYPE, layout->GetLayoutType(), "-1, 3, 4, 5, 7 or 8"));
     }
 }
 
@@ -957,13 +1218,13 @@ BaseRsp LiveViewParamValidate::CapsuleDataParamValidate(const LiveView& liveView
     isPresent = true;
     const auto status = capsule->GetStatus();
     if (status == nullptr) {
-        return Fail(CAPSULE_STATUS.mandatory);
+        return Fail(Missing(CAPSULE_STATUS));
     }
     if (*status == CAPSULE_STATUS_ACCEPTED) {
         return BaseRsp();
     }
     if (*status != CAPSULE_STATUS_CHECKED) {
-        return Fail(CAPSULE_STATUS.invalid);
+        return Fail(OutOfRange(CAPSULE_STATUS.invalid, CAPSULE_STATUS.path, *status, "1 or -1"));
     }
     BaseRsp rsp = CheckParamFailed(*capsule);
     if (!rsp.Succeed()) {
@@ -1011,7 +1272,8 @@ BaseRsp LiveViewParamValidate::ExternalDataParamValidate(const LiveView& liveVie
     }
     const auto backgroundColor = external->GetBackgroundColor();
     if (backgroundColor != nullptr && !IsRgbHexColor(*backgroundColor)) {
-        return Fail(EXTERNAL_BACKGROUND_COLOR);
+        return Fail(Broken(EXTERNAL_BACKGROUND_COLOR,
+                           [&] { return NotColorText(*backgroundColor, "#RRGGBB"); }));
     }
     return BaseRsp();
 }

@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "live_view_constant.h"
@@ -10,6 +11,7 @@
 #include "live_view_logger.h"
 #include "live_view_param_conversion.h"
 #include "live_view_param_validate.h"
+#include "live_view_rule_hint.h"
 #include "notification_content.h"
 #include "notification_live_view_content.h"
 #include "want_box.h"
@@ -245,7 +247,11 @@ HeldLiveView HeldLiveView::FromExtraInfo(const AAFwk::WantParams& extraInfo) {
 PipelineOutcome LiveViewRequestPipeline::Build(const LiveView& liveView,
                                                const LiveView::Operation& operation,
                                                const HeldLiveView& held,
-                                               NotificationRequest& request) {
+                                               NotificationRequest& request, RuleHint* hint) {
+    std::optional<RuleHintScope> hintScope;
+    if (hint != nullptr) {
+        hintScope.emplace(*hint);
+    }
     PipelineOutcome outcome;
     outcome.rsp = SetNotificationRequest(request, operation);
     if (!outcome.rsp.Succeed()) {

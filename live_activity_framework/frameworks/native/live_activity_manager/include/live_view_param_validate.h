@@ -12,8 +12,9 @@
 // No check throws, whatever the record holds. The only check that changes the record is the
 // primary check on STOP, which clamps the keep time into 0..3600 and writes it back.
 //
-// Thread safety: stateless apart from colour patterns built once; checks of distinct records may
-// run on several threads. A record must not be changed while it is being checked.
+// Thread safety: stateless (a failing check describes its rule only to a hint scope that the
+// calling thread opened, see internal/live_view_rule_hint.h); checks of distinct records may run
+// on several threads. A record must not be changed while it is being checked.
 #ifndef TAVI_WISP_LIVE_VIEW_LIVE_VIEW_PARAM_VALIDATE_H
 #define TAVI_WISP_LIVE_VIEW_LIVE_VIEW_PARAM_VALIDATE_H
 

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Sets up a fresh machine, builds everything and runs every test.
-#   scripts/test.sh            the normal build (g++), all tests
+#   scripts/test.sh            the normal build (g++), all tests, then the browser test of the
+#                              previews (scripts/browser-test.sh build)
 #   scripts/test.sh asan       AddressSanitizer + UndefinedBehaviorSanitizer build (clang), all tests
 #   scripts/test.sh tsan       ThreadSanitizer build (clang), the concurrency tests (CTest label
 #                              "concurrency") and the host platform's concurrency tests
@@ -16,6 +17,8 @@ case "$mode" in
         cmake -S . -B build -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DLV_BUILD_BENCHMARKS=ON
         cmake --build build -j"$jobs"
         ctest --test-dir build --output-on-failure -j"$jobs"
+        # What a person sees: every example and scenario previewed in headless Chromium.
+        scripts/browser-test.sh build
         ;;
     asan)
         cmake -S . -B build-asan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_COMPILER=clang \

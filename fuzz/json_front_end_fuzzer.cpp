@@ -1,13 +1,15 @@
-// Arbitrary bytes given to the command line's JSON front end as a live view file: parsed, read
-// into a record, validated, and started, read back, updated and stopped through the client
-// against the embedded service. A refusal of the front end must be one line; every answer of the
-// library must be a public code.
+// Arbitrary bytes given to the command line's JSON front end as a live view file: parsed, written
+// back and parsed again, read into a record, validated, and started, read back, updated and
+// stopped through the client against the embedded service. A refusal or warning of the front end
+// must be one line; what the writer writes must parse back as the same value; every answer of
+// the library must be a public code.
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
 #include "fuzz_support.h"
 #include "json_document.h"
+#include "json_writer.h"
 #include "live_view_reader.h"
 
 namespace {
@@ -21,11 +23,25 @@ void ExpectPublic(const BaseRsp& rsp, const char* promise) {
            rsp.GetErrAsInt32(), rsp.GetInfo());
 }
 
+bool IsOneLine(const std::string& text) {
+    return text.find('\n') == std::string::npos && text.find('\r') == std::string::npos;
+}
+
 void ExpectOneLine(const LiveViewJson::InputError& error) {
-    const std::string text = error.ToString();
-    Expect(error.IsSet() && text.find('\n') == std::string::npos &&
-               text.find('\r') == std::string::npos,
-           "a refusal is one line", 0, text);
+    Expect(error.IsSet() && IsOneLine(error.ToString()), "a refusal is one line", 0,
+           error.ToString());
+}
+
+// Parsed text, written compact and indented, reads back as the same value.
+void ExpectWrittenReadsBack(const LiveViewJson::JsonValue& value) {
+    for (const int indent : {0, 2}) {
+        const std::string written = LiveViewJson::WriteJson(value, indent);
+        LiveViewJson::JsonDocument again;
+        LiveViewJson::InputError error;
+        Expect(LiveViewJson::ParseJson(written, "written.json", again, error) &&
+                   *again.Root() == value,
+               "written JSON reads back as the value", 0, error.ToString());
+    }
 }
 
 }  // namespace
@@ -38,12 +54,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         ExpectOneLine(error);
         return 0;
     }
+    ExpectWrittenReadsBack(*document.Root());
     // Picture files are looked up among the examples' pictures.
     LiveViewJson::ReadContext context{"fuzz.json", LV_FUZZ_PICTURE_DIR, {}};
     LiveView liveView;
     if (!LiveViewJson::ReadLiveView(document.Root(), context, liveView)) {
         ExpectOneLine(context.error);
         return 0;
+    }
+    context.ReportUnknownMembers(*document.Root());
+    for (const auto& warning : context.Warnings()) {
+        Expect(IsOneLine(warning.ToString()), "a warning is one line", 0, warning.ToString());
     }
     LiveViewFuzz::FreshHost();
     for (const LiveView::Operation operation : {LiveView::START, LiveView::UPDATE}) {

@@ -10,7 +10,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 seconds="${1:-60}"
-harnesses=(validate_fuzzer read_back_fuzzer json_front_end_fuzzer)
+harnesses=(validate_fuzzer read_back_fuzzer json_front_end_fuzzer picture_reader_fuzzer)
 scripts/setup.sh
 
 jobs=2

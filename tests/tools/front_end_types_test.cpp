@@ -169,7 +169,6 @@ TEST(FrontEndTypeErrorTest, LayoutNumbersFlagsPicturesAndLists) {
         {PROGRESS, path("nodeIcons"), "\"x\"",
          Message("layoutData.nodeIcons mustbe Array<string | image.PixelMap>")},
         {PROGRESS, path("nodeIcons.1"), "5", Message("layoutData.nodeIcons[1]" + picture)},
-        {PROGRESS, path("nodeIcons.0"), "null", Message("layoutData.nodeIcons[0]" + picture)},
         {NAVIGATION, path("navigationIcons"), "{}",
          Message("layoutData.navigationIcons mustbe Array<string | image.PixelMap>")},
         {NAVIGATION, path("navigationIcons.2"), "false",

@@ -80,9 +80,10 @@ inline void Patch(cJSON* root, const std::string& path, const std::string& value
 // Reads a live view from JSON text; picture files are relative to the example live views.
 inline bool ReadFromText(const std::string& text, Tavi::Wisp::LiveView::LiveView& liveView,
                          LiveViewJson::InputError* error = nullptr) {
-    Tree tree = ParseTree(text);
+    LiveViewJson::JsonDocument document;
     LiveViewJson::ReadContext context{"test.json", ExamplePath("liveviews"), {}};
-    const bool usable = LiveViewJson::ReadLiveView(tree.get(), context, liveView);
+    const bool usable = LiveViewJson::ParseJson(text, "test.json", document, context.error) &&
+                        LiveViewJson::ReadLiveView(document.Root(), context, liveView);
     if (error != nullptr) {
         *error = context.error;
     }

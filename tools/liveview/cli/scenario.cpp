@@ -1,6 +1,5 @@
 #include "scenario.h"
 
-#include <cstring>
 #include <filesystem>
 
 #include "field_reader.h"
@@ -10,7 +9,10 @@ namespace LiveViewCli {
 
 using LiveViewJson::FieldReader;
 using LiveViewJson::InputError;
+using LiveViewJson::InputWarning;
 using LiveViewJson::JsonType;
+using LiveViewJson::JsonValue;
+using LiveViewJson::LoadOptions;
 using Tavi::Host::ServiceCall;
 using Tavi::Wisp::LiveView::LiveView;
 using Tavi::Wisp::LiveView::LiveViewBase;
@@ -47,9 +49,9 @@ constexpr CallName CALLS[] = {
     {"getEnabled", ServiceCall::GET_ENABLED},
 };
 
-const Action* FindAction(const char* name) {
+const Action* FindAction(const std::string& name) {
     for (const auto& action : ACTIONS) {
-        if (std::strcmp(action.name, name) == 0) {
+        if (name == action.name) {
             return &action;
         }
     }
@@ -60,25 +62,30 @@ const Action* FindAction(const char* name) {
 // members are found by the front end's typed-member reader, recorded into errors_.
 class ScenarioReader {
 public:
-    explicit ScenarioReader(const std::string& path)
-        : context_{path, LiveViewJson::FolderOf(path), {}} {}
+    ScenarioReader(const std::string& path, const LoadOptions& options)
+        : context_(path, LiveViewJson::FolderOf(path), {}, options) {}
 
-    bool Read(const cJSON* root, Scenario& scenario);
+    bool Read(const JsonValue* root, Scenario& scenario);
     const InputError& Error() const { return context_.error; }
+    const std::vector<InputWarning>& Warnings() const { return context_.Warnings(); }
 
 private:
-    FieldReader Reader(const cJSON* object, const std::string& path) {
+    FieldReader Reader(const JsonValue* object, const std::string& path) {
         return FieldReader(object, path, errors_, context_);
     }
     bool Fail(const std::string& reason) {
         context_.Refuse(reason);
         return false;
     }
+    // False with the reason when a type error was met.
+    bool NoTypeError() {
+        return errors_.GetParamFailed().empty() || Fail(errors_.GetParamFailed());
+    }
     // True with out set when value is present and no type error was met.
     template <typename T>
     bool Got(const std::shared_ptr<T>& value, const std::string& path, const char* type, T& out) {
-        if (!errors_.GetParamFailed().empty()) {
-            return Fail(errors_.GetParamFailed());
+        if (!NoTypeError()) {
+            return false;
         }
         if (value == nullptr) {
             return Fail(path + ": " + type + " required");
@@ -86,10 +93,23 @@ private:
         out = *value;
         return true;
     }
+    // True when value is at least min.
+    template <typename T>
+    bool AtLeast(T value, T min, const std::string& path, const char* type) {
+        return value >= min || Fail(path + ": " + type + " of at least " + std::to_string(min) +
+                                    " required, not " + std::to_string(value));
+    }
+    // Got, and then at least min.
+    template <typename T>
+    bool GotAtLeast(const std::shared_ptr<T>& value, const std::string& path, const char* type,
+                    T min, T& out) {
+        return Got(value, path, type, out) && AtLeast(out, min, path, type);
+    }
 
     bool ReadApp(const FieldReader& top, Scenario& scenario);
-    bool ReadStep(const cJSON* item, const std::string& path, Step& step);
+    bool ReadStep(const JsonValue& item, const std::string& path, Step& step);
     bool ReadAction(const FieldReader& r, const std::string& path, Step& step);
+    bool ReadEnabled(const FieldReader& r, const std::string& path, Step& step);
     bool ReadLiveView(const FieldReader& r, const std::string& path, Step& step);
     bool ReadFailNext(const FieldReader& r, const std::string& path, Step& step);
 
@@ -97,33 +117,40 @@ private:
     LiveViewBase errors_;
 };
 
-bool ScenarioReader::Read(const cJSON* root, Scenario& scenario) {
-    if (!cJSON_IsObject(root)) {
+bool ScenarioReader::Read(const JsonValue* root, Scenario& scenario) {
+    if (root == nullptr || !root->IsObject()) {
         return Fail("a scenario must be a JSON object");
     }
     const FieldReader top = Reader(root, "scenario");
     if (!ReadApp(top, scenario)) {
         return false;
     }
-    const cJSON* steps = top.Member("steps", JsonType::ARRAY, "Array<Step>");
+    const JsonValue* steps = top.Member("steps", JsonType::ARRAY, "Array<Step>");
     if (!errors_.GetParamFailed().empty() || steps == nullptr) {
         return Fail(errors_.GetParamFailed().empty() ? "scenario.steps: an array is required"
                                                      : errors_.GetParamFailed());
     }
-    int index = 0;
-    const cJSON* item = nullptr;
-    cJSON_ArrayForEach(item, steps) {
+    for (size_t index = 0; index < steps->Items().size(); ++index) {
+        const JsonValue& item = steps->Items()[index];
         Step step;
-        if (!ReadStep(item, "steps[" + std::to_string(index++) + "]", step)) {
+        if (!ReadStep(item, "steps[" + std::to_string(index) + "]", step)) {
+            // Every reason met while reading a step names the step, and the step's place when
+            // it has none of its own.
+            InputError& error = context_.error;
+            error.reason = "step #" + std::to_string(index + 1) + ": " + error.reason;
+            if (error.line == 0) {
+                error.line = static_cast<int>(item.Place().line);
+                error.column = static_cast<int>(item.Place().column);
+            }
             return false;
         }
         scenario.steps.push_back(std::move(step));
     }
-    return true;
+    return context_.ReportUnknownMembers(*root);
 }
 
 bool ScenarioReader::ReadApp(const FieldReader& top, Scenario& scenario) {
-    const cJSON* app = top.Member("app", JsonType::OBJECT, "object");
+    const JsonValue* app = top.Member("app", JsonType::OBJECT, "object");
     if (app != nullptr) {
         const FieldReader r = Reader(app, "scenario.app");
         if (const auto bundle = r.String("bundle")) {
@@ -133,26 +160,26 @@ bool ScenarioReader::ReadApp(const FieldReader& top, Scenario& scenario) {
             scenario.uid = *uid;
         }
     }
-    return errors_.GetParamFailed().empty() || Fail(errors_.GetParamFailed());
+    return NoTypeError();
 }
 
-bool ScenarioReader::ReadStep(const cJSON* item, const std::string& path, Step& step) {
-    if (!cJSON_IsObject(item)) {
+bool ScenarioReader::ReadStep(const JsonValue& item, const std::string& path, Step& step) {
+    if (!item.IsObject()) {
         return Fail(path + ": a step must be a JSON object");
     }
+    // The members of a step are checked here, strictly: an unknown one is an error.
+    context_.KnowAll(&item);
     const Action* action = nullptr;
-    const cJSON* member = nullptr;
-    cJSON_ArrayForEach(member, item) {
-        const Action* found = FindAction(member->string);
+    for (const LiveViewJson::JsonMember& member : item.Members()) {
+        const Action* found = FindAction(member.name);
         if (found != nullptr && action != nullptr) {
             return Fail(path + ": more than one action (" + action->name + ", " + found->name +
                         ")");
         }
         if (found != nullptr) {
             action = found;
-        } else if (std::strcmp(member->string, "expect") != 0 &&
-                   std::strcmp(member->string, "note") != 0) {
-            return Fail(path + ": unknown member \"" + member->string + "\"");
+        } else if (member.name != "expect" && member.name != "note") {
+            return Fail(path + ": unknown member \"" + member.name + "\"");
         }
     }
     if (action == nullptr) {
@@ -161,17 +188,14 @@ bool ScenarioReader::ReadStep(const cJSON* item, const std::string& path, Step& 
     }
     step.kind = action->kind;
     step.name = action->name;
-    const FieldReader r = Reader(item, path);
+    const FieldReader r = Reader(&item, path);
     if (const auto expect = r.Int("expect")) {
         step.expect = *expect;
     }
     if (const auto note = r.String("note")) {
         step.note = *note;
     }
-    if (!errors_.GetParamFailed().empty()) {
-        return Fail(errors_.GetParamFailed());
-    }
-    return ReadAction(r, path, step);
+    return NoTypeError() && ReadAction(r, path, step);
 }
 
 bool ScenarioReader::ReadAction(const FieldReader& r, const std::string& path, Step& step) {
@@ -185,10 +209,10 @@ bool ScenarioReader::ReadAction(const FieldReader& r, const std::string& path, S
         case StepKind::GET:
             return Got(r.Int(name), valuePath, "a live view id", step.id);
         case StepKind::ENABLED:
-            return true;
+            return ReadEnabled(r, valuePath, step);
         case StepKind::ADVANCE_CLOCK: {
             long millis = 0;
-            const bool got = Got(r.Long(name), valuePath, "milliseconds", millis);
+            const bool got = GotAtLeast(r.Long(name), valuePath, "milliseconds", 0L, millis);
             step.number = millis;
             return got;
         }
@@ -196,7 +220,7 @@ bool ScenarioReader::ReadAction(const FieldReader& r, const std::string& path, S
             return Got(r.Bool(name), valuePath, "a boolean", step.flag);
         case StepKind::SET_RATE_LIMIT: {
             int limit = 0;
-            const bool got = Got(r.Int(name), valuePath, "a number", limit);
+            const bool got = GotAtLeast(r.Int(name), valuePath, "a limit", 0, limit);
             step.number = limit;
             return got;
         }
@@ -211,23 +235,46 @@ bool ScenarioReader::ReadAction(const FieldReader& r, const std::string& path, S
     return false;
 }
 
+// {"enabled": {}}: the call takes nothing, but anything other than an object is a mistake.
+bool ScenarioReader::ReadEnabled(const FieldReader& r, const std::string& path, Step& step) {
+    const JsonValue* value = r.Member(step.name.c_str(), JsonType::OBJECT, "object");
+    if (!NoTypeError()) {
+        return false;
+    }
+    if (value == nullptr) {
+        return Fail(path + ": an object ({}) required");
+    }
+    // It takes no members: any it has are unknown.
+    context_.Visit(value);
+    return true;
+}
+
 bool ScenarioReader::ReadLiveView(const FieldReader& r, const std::string& path, Step& step) {
-    const cJSON* value = r.Member(step.name.c_str(), JsonType::OBJECT, "LiveView");
+    const JsonValue* value = r.Member(step.name.c_str(), JsonType::OBJECT, "LiveView");
     if (value == nullptr) {
         return Fail(path + ": a live view object or {\"file\": ...} required");
     }
     step.liveView = std::make_shared<LiveView>();
-    const cJSON* file = cJSON_GetObjectItemCaseSensitive(value, "file");
-    if (cJSON_IsString(file) && cJSON_GetArraySize(value) == 1) {
-        std::filesystem::path resolved(file->valuestring);
+    const JsonValue* file = value->Find("file");
+    if (file != nullptr && file->IsString() && value->Members().size() == 1) {
+        context_.KnowAll(value);
+        std::filesystem::path resolved(file->Text());
         if (resolved.is_relative()) {
             resolved = std::filesystem::path(context_.baseDir) / resolved;
         }
-        step.source = file->valuestring;
-        return LiveViewJson::LoadLiveView(resolved.string(), *step.liveView, context_.error);
+        step.source = file->Text();
+        InputError error;
+        if (!LiveViewJson::LoadLiveViewOf(context_, resolved.string(), *step.liveView, error)) {
+            return Fail(path + ": " + error.ToString());
+        }
+        return true;
     }
     step.source = "inline";
-    return LiveViewJson::ReadLiveView(value, context_, *step.liveView);
+    if (!LiveViewJson::ReadLiveView(value, context_, *step.liveView)) {
+        context_.error.reason = path + ": " + context_.error.reason;
+        return false;
+    }
+    return true;
 }
 
 bool ScenarioReader::ReadFailNext(const FieldReader& r, const std::string& path, Step& step) {
@@ -240,12 +287,18 @@ bool ScenarioReader::ReadFailNext(const FieldReader& r, const std::string& path,
     }
     step.number = error;
     if (const auto times = fail.Int("times")) {
+        if (!AtLeast(*times, 1, path + ".times", "a count")) {
+            return false;
+        }
         step.times = *times;
+    }
+    if (!NoTypeError()) {
+        return false;
     }
     for (const auto& call : CALLS) {
         if (callName == call.name) {
             step.call = call.call;
-            return errors_.GetParamFailed().empty() || Fail(errors_.GetParamFailed());
+            return true;
         }
     }
     return Fail(path + ".call: one of publish, subscribe, getActive, getEnabled required");
@@ -253,17 +306,26 @@ bool ScenarioReader::ReadFailNext(const FieldReader& r, const std::string& path,
 
 }  // namespace
 
+bool LoadScenario(const std::string& path, const LoadOptions& options, Scenario& scenario,
+                  std::vector<InputWarning>& warnings, InputError& error) {
+    ScenarioReader reader(path, options);
+    return LiveViewJson::ReadWithinMemory(path, error, [&] {
+        LiveViewJson::JsonDocument document;
+        if (!LiveViewJson::LoadJsonFile(path, document, error)) {
+            return false;
+        }
+        const bool usable = reader.Read(document.Root(), scenario);
+        warnings = reader.Warnings();
+        if (!usable) {
+            error = reader.Error();
+        }
+        return usable;
+    });
+}
+
 bool LoadScenario(const std::string& path, Scenario& scenario, InputError& error) {
-    LiveViewJson::JsonDocument document;
-    if (!LiveViewJson::LoadJsonFile(path, document, error)) {
-        return false;
-    }
-    ScenarioReader reader(path);
-    if (!reader.Read(document.Root(), scenario)) {
-        error = reader.Error();
-        return false;
-    }
-    return true;
+    std::vector<InputWarning> warnings;
+    return LoadScenario(path, LoadOptions{}, scenario, warnings, error);
 }
 
 }  // namespace LiveViewCli

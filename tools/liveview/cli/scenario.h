@@ -6,7 +6,9 @@
 //              {"pressButton": {"id": N, "button": "name"}}, {"setSlotEnabled": bool},
 //              {"setRateLimit": N}, {"failNext": {"call": "publish", "error": N, "times": 1}}]}
 // Every step may add "expect": the code it should answer (0 when not given), and "note": a text
-// printed with it.
+// printed with it. A value that makes no sense (a negative clock move or rate limit, "times"
+// below 1, "enabled" that is not an object) makes the scenario unusable; the reason names the
+// step ("step #3") and its path ("steps[2].advanceClock").
 #ifndef LIVEVIEW_CLI_SCENARIO_H
 #define LIVEVIEW_CLI_SCENARIO_H
 
@@ -16,8 +18,9 @@
 #include <vector>
 
 #include "host_control.h"
-#include "json_document.h"
+#include "input_error.h"
 #include "live_view.h"
+#include "read_context.h"
 
 namespace LiveViewCli {
 
@@ -59,7 +62,13 @@ struct Scenario {
 };
 
 // Loads the scenario at path, with every live view it names; files are relative to its folder.
-// False with error set when the scenario or a file it names is unusable.
+// False with error set when the scenario or a file it names is unusable. Unknown members of the
+// scenario and of its live views are added to warnings (or, with options.strict, make it
+// unusable).
+bool LoadScenario(const std::string& path, const LiveViewJson::LoadOptions& options,
+                  Scenario& scenario, std::vector<LiveViewJson::InputWarning>& warnings,
+                  LiveViewJson::InputError& error);
+// The same with the default options and no warnings.
 bool LoadScenario(const std::string& path, Scenario& scenario, LiveViewJson::InputError& error);
 
 }  // namespace LiveViewCli

@@ -17,7 +17,8 @@
 namespace LiveViewJson {
 
 // An array of {"text": string, "textColor": string}; false when the member is absent or not an
-// array. Elements that are not objects are left out (and recorded).
+// array. Null elements are skipped; other elements that are not objects are left out (and
+// recorded).
 bool ReadRichTexts(const FieldReader& reader, const char* name,
                    std::vector<std::shared_ptr<Tavi::Wisp::LiveView::RichText>>& runs);
 
@@ -27,7 +28,7 @@ std::shared_ptr<Tavi::AbilityRuntime::WantAgent::WantAgent> ReadClickAction(
 
 // An object whose values are strings, booleans or whole numbers, boxed as String, Boolean,
 // Integer (when the number fits in 32 bits) or Long; null when the member is absent or not an
-// object. Other values are left out (and recorded).
+// object. A null value means the entry is not given; other values are left out (and recorded).
 std::shared_ptr<Tavi::AAFwk::WantParams> ReadParameters(const FieldReader& reader,
                                                         const char* name);
 

@@ -4,19 +4,20 @@
 // and records a param-failed text in the library's pattern ("Parameter error. The type of
 // <path> mustbe <type>.") on the record that holds it, so that validation rejects the record with
 // code 401; the first text of a record is kept. An absent member, or a JSON null, yields nothing
-// and records nothing. Member names are compared case-sensitively.
+// and records nothing. Member names are compared case-sensitively; every name asked for counts as
+// known at its object (see ReadContext::ReportUnknownMembers).
 //
 // Thread safety: none; a reader and its context belong to one thread.
 #ifndef LIVEVIEW_JSON_FIELD_READER_H
 #define LIVEVIEW_JSON_FIELD_READER_H
 
-#include <cjson/cJSON.h>
-
 #include <memory>
 #include <string>
 
 #include "json_document.h"
+#include "json_value.h"
 #include "live_view_base.h"
+#include "read_context.h"
 
 namespace LiveViewJson {
 
@@ -30,45 +31,36 @@ inline constexpr const char* RANGE_SUFFIX = " [or the parameter range is incorre
 std::string TypeMessage(const std::string& path, const std::string& typeName,
                         const char* suffix = ".");
 
-// What every reader of one input shares: the file the input came from, the folder that picture
-// files are relative to, and the first reason that made the input unusable.
-struct ReadContext {
-    std::string sourceFile;
-    std::string baseDir;
-    InputError error;
-
-    bool Usable() const { return !error.IsSet(); }
-    // Keeps the first reason only.
-    void Refuse(const std::string& reason);
-};
-
 class FieldReader {
 public:
     // Reads the members of object (null or not an object: every member is absent); paths start
     // with path; type errors go to record.
-    FieldReader(const cJSON* object, std::string path, Tavi::Wisp::LiveView::LiveViewBase& record,
-                ReadContext& context);
+    FieldReader(const JsonValue* object, std::string path,
+                Tavi::Wisp::LiveView::LiveViewBase& record, ReadContext& context);
 
     // The member name as it is, of any type; null when absent.
-    const cJSON* Raw(const char* name) const;
+    const JsonValue* Raw(const char* name) const;
     // value when it is of type; otherwise null, recording TypeMessage(path, typeName) unless value
     // is null or a JSON null.
-    const cJSON* Expect(const cJSON* value, JsonType type, const std::string& path,
-                        const std::string& typeName) const;
+    const JsonValue* Expect(const JsonValue* value, JsonType type, const std::string& path,
+                            const std::string& typeName) const;
     // The member name through Expect, under the path Path(name).
-    const cJSON* Member(const char* name, JsonType type, const std::string& typeName) const;
+    const JsonValue* Member(const char* name, JsonType type, const std::string& typeName) const;
+    // Counts name as known at this object without reading it.
+    void Known(const char* name) const;
 
     std::shared_ptr<std::string> String(const char* name) const;
     std::shared_ptr<bool> Bool(const char* name) const;
-    // Whole numbers within the range of the field's type; another number records the range text.
+    // Whole numbers within the range of the field's type, read exactly from their literal;
+    // another number records the range text.
     std::shared_ptr<int> Int(const char* name) const;
     std::shared_ptr<long> Long(const char* name) const;
     // The same for a number value already taken (array elements, parameter values).
-    bool WholeInt(const cJSON* number, const std::string& path, int& value) const;
-    bool WholeLong(const cJSON* number, const std::string& path, long& value) const;
+    bool WholeInt(const JsonValue* number, const std::string& path, int& value) const;
+    bool WholeLong(const JsonValue* number, const std::string& path, long& value) const;
 
     // A reader of another object of the same input.
-    FieldReader Nested(const cJSON* object, std::string path,
+    FieldReader Nested(const JsonValue* object, std::string path,
                        Tavi::Wisp::LiveView::LiveViewBase& record) const;
 
     // path + "." + member.
@@ -80,10 +72,7 @@ public:
     Tavi::Wisp::LiveView::LiveViewBase& Record() const { return record_; }
 
 private:
-    bool Whole(const cJSON* number, const std::string& path, double min, double max,
-               double& value) const;
-
-    const cJSON* object_;
+    const JsonValue* object_;
     std::string path_;
     Tavi::Wisp::LiveView::LiveViewBase& record_;
     ReadContext& context_;

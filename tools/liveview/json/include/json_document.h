@@ -1,52 +1,48 @@
-// Reading JSON text that this project did not write (files given to the command line). The
-// nesting is checked against a small bound before the text reaches cJSON, the whole text must be
-// one JSON value, and a failure names its file and, when it has one, its place in the text.
+// Reading JSON text that this project did not write (files given to the command line), strictly:
+// the whole text is one JSON value (RFC 8259; a leading UTF-8 byte order mark is skipped);
+// strings are valid UTF-8 without NUL (raw or escaped) or raw control characters; no object
+// repeats a member name; nesting and the number of values are bounded. A refusal names its file,
+// its place in the text (line and column in bytes) when it has one, and the reason.
 //
 // Thread safety: distinct documents may be parsed and read on distinct threads.
 #ifndef LIVEVIEW_JSON_JSON_DOCUMENT_H
 #define LIVEVIEW_JSON_JSON_DOCUMENT_H
 
-#include <cjson/cJSON.h>
-
+#include <cstddef>
 #include <memory>
 #include <string>
+#include <utility>
+
+#include "input_error.h"
+#include "json_value.h"
 
 namespace LiveViewJson {
 
-// Arrays and objects may nest this deep; deeper text is refused unparsed.
+// Arrays and objects may nest this deep; the bracket that opens a deeper level is refused.
 constexpr int MAX_NESTING = 64;
-
-// Why an input cannot be used.
-struct InputError {
-    std::string file;
-    int line = 0;    // from 1; 0 when the reason has no place in the text
-    int column = 0;  // from 1, in bytes
-    std::string reason;
-
-    bool IsSet() const { return !reason.empty(); }
-    // "file:line:column: reason", or "file: reason" without a place; always one line.
-    std::string ToString() const;
-};
+// A text may hold this many values (members and elements included); no live view or scenario
+// comes near it, and it bounds the memory of a tree to some hundred megabytes.
+constexpr size_t MAX_VALUES = 1000000;
 
 // Owns one parsed tree.
 class JsonDocument {
 public:
     JsonDocument() = default;
-    explicit JsonDocument(cJSON* root) : root_(root, cJSON_Delete) {}
+    explicit JsonDocument(JsonValue root) : root_(std::make_unique<JsonValue>(std::move(root))) {}
 
     // Null until a parse succeeded.
-    const cJSON* Root() const { return root_.get(); }
+    const JsonValue* Root() const { return root_.get(); }
 
 private:
-    std::unique_ptr<cJSON, void (*)(cJSON*)> root_{nullptr, cJSON_Delete};
+    std::unique_ptr<JsonValue> root_;
 };
 
-// Parses text as one JSON value; `name` is the file name that a failure carries. On failure the
+// Parses text as one JSON value; name is the file name that a failure carries. On failure the
 // document is left as it was.
 bool ParseJson(const std::string& text, const std::string& name, JsonDocument& document,
                InputError& error);
 
-// Reads the file at path and parses it.
+// Reads the file at path (a regular file of at most MAX_INPUT_FILE_BYTES) and parses it.
 bool LoadJsonFile(const std::string& path, JsonDocument& document, InputError& error);
 
 }  // namespace LiveViewJson

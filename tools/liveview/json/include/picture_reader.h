@@ -6,15 +6,18 @@
 //                                                 ALPHA_8, RGB_565, RGBA_8888 (the default),
 //                                                 ARGB_8888 or BGRA_8888).
 // A picture list is an array of such items: strings go to the ...Str list, the others to the
-// pixel-map list, each in its order.
+// pixel-map list, each in its order; null items are skipped.
 //
 // A value of another type is recorded as a param-failed text; a picture file that cannot be
-// decoded makes the input unusable (ReadContext::Refuse).
+// used makes the input unusable (ReadContext::RefuseAt). The files of one input are read once
+// each and their decoded pictures bounded together (MAX_INPUT_DECODED_BYTES).
 //
 // Thread safety: as FieldReader.
 #ifndef LIVEVIEW_JSON_PICTURE_READER_H
 #define LIVEVIEW_JSON_PICTURE_READER_H
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -24,13 +27,22 @@
 
 namespace LiveViewJson {
 
+// A picture list with more items of one form than this (more than any list the library accepts)
+// is refused by validation for its length whatever its pictures hold: its files are then checked
+// and measured, not decoded.
+constexpr size_t MAX_LIST_PICTURES = 6;
+// The pictures decoded for one input (a live view, or a scenario with every live view it names)
+// may take this many bytes together.
+constexpr uint64_t MAX_INPUT_DECODED_BYTES = 128u * 1024u * 1024u;
+
 struct Picture {
     std::shared_ptr<std::string> resource;
     std::shared_ptr<Tavi::Media::PixelMap> pixels;
 };
 
 // One picture value found at path; both members empty when value is absent or unusable.
-Picture ReadPictureValue(const FieldReader& reader, const cJSON* value, const std::string& path);
+Picture ReadPictureValue(const FieldReader& reader, const JsonValue* value,
+                         const std::string& path);
 
 // The picture member name.
 Picture ReadPictureMember(const FieldReader& reader, const char* name);

@@ -41,7 +41,7 @@ void ReadPlain(const FieldReader&, CapsuleData&) {}
 
 // Makes the kind, then reads the members that every capsule has and the kind's own.
 template <typename Kind>
-std::shared_ptr<CapsuleData> Read(const FieldReader& holder, const cJSON* object,
+std::shared_ptr<CapsuleData> Read(const FieldReader& holder, const JsonValue* object,
                                   void (*readKind)(const FieldReader&, Kind&)) {
     auto capsule = std::make_shared<Kind>();
     const FieldReader reader = holder.Nested(object, CAPSULE_PATH, *capsule);
@@ -50,7 +50,8 @@ std::shared_ptr<CapsuleData> Read(const FieldReader& holder, const cJSON* object
     return capsule;
 }
 
-std::shared_ptr<CapsuleData> MakeCapsule(const FieldReader& holder, const cJSON* object, int type) {
+std::shared_ptr<CapsuleData> MakeCapsule(const FieldReader& holder, const JsonValue* object,
+                                         int type) {
     switch (type) {
         case CapsuleData::TEXT:
             return Read<TextCapsule>(holder, object, ReadText);
@@ -66,7 +67,7 @@ std::shared_ptr<CapsuleData> MakeCapsule(const FieldReader& holder, const cJSON*
 }  // namespace
 
 std::shared_ptr<CapsuleData> ReadCapsule(const FieldReader& holder, const char* name) {
-    const cJSON* object = holder.Member(name, JsonType::OBJECT, "CapsuleData");
+    const JsonValue* object = holder.Member(name, JsonType::OBJECT, "CapsuleData");
     if (object == nullptr) {
         return nullptr;
     }

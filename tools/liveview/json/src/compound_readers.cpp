@@ -11,7 +11,7 @@ using Tavi::Wisp::LiveView::RichText;
 
 namespace {
 
-std::string ItemPath(const std::string& listPath, int index) {
+std::string ItemPath(const std::string& listPath, size_t index) {
     return listPath + "[" + std::to_string(index) + "]";
 }
 
@@ -19,16 +19,15 @@ std::string ItemPath(const std::string& listPath, int index) {
 
 bool ReadRichTexts(const FieldReader& reader, const char* name,
                    std::vector<std::shared_ptr<RichText>>& runs) {
-    const cJSON* list = reader.Member(name, JsonType::ARRAY, "Array<RichText>");
+    const JsonValue* list = reader.Member(name, JsonType::ARRAY, "Array<RichText>");
     if (list == nullptr) {
         return false;
     }
     const std::string listPath = reader.Path(name);
-    int index = 0;
-    const cJSON* item = nullptr;
-    cJSON_ArrayForEach(item, list) {
-        const std::string itemPath = ItemPath(listPath, index++);
-        const cJSON* object = reader.Expect(item, JsonType::OBJECT, itemPath, "RichText");
+    for (size_t index = 0; index < list->Items().size(); ++index) {
+        const std::string itemPath = ItemPath(listPath, index);
+        const JsonValue* object =
+            reader.Expect(&list->Items()[index], JsonType::OBJECT, itemPath, "RichText");
         if (object == nullptr) {
             continue;
         }
@@ -43,7 +42,7 @@ bool ReadRichTexts(const FieldReader& reader, const char* name,
 }
 
 std::shared_ptr<WantAgent> ReadClickAction(const FieldReader& reader, const char* name) {
-    const cJSON* object = reader.Member(name, JsonType::OBJECT, "WantAgent");
+    const JsonValue* object = reader.Member(name, JsonType::OBJECT, "WantAgent");
     if (object == nullptr) {
         return nullptr;
     }
@@ -52,27 +51,31 @@ std::shared_ptr<WantAgent> ReadClickAction(const FieldReader& reader, const char
 }
 
 std::shared_ptr<WantParams> ReadParameters(const FieldReader& reader, const char* name) {
-    const cJSON* object = reader.Member(name, JsonType::OBJECT, "Record<string, string>");
+    const JsonValue* object = reader.Member(name, JsonType::OBJECT, "Record<string, string>");
     if (object == nullptr) {
         return nullptr;
     }
+    reader.Context().KnowAll(object);
     auto params = std::make_shared<WantParams>();
-    const cJSON* item = nullptr;
-    cJSON_ArrayForEach(item, object) {
-        const std::string itemPath = reader.Path(name) + "." + item->string;
+    for (const JsonMember& member : object->Members()) {
+        const JsonValue& item = member.value;
+        const std::string itemPath = reader.Path(name) + "." + member.name;
         long number = 0;
-        if (cJSON_IsString(item)) {
-            params->SetParam(item->string, Tavi::AAFwk::String::Box(item->valuestring));
-        } else if (cJSON_IsBool(item)) {
-            params->SetParam(item->string, Tavi::AAFwk::Boolean::Box(cJSON_IsTrue(item)));
-        } else if (!cJSON_IsNumber(item)) {
+        if (item.IsNull()) {
+            continue;
+        }
+        if (item.IsString()) {
+            params->SetParam(member.name, Tavi::AAFwk::String::Box(item.Text()));
+        } else if (item.IsBoolean()) {
+            params->SetParam(member.name, Tavi::AAFwk::Boolean::Box(item.IsTrue()));
+        } else if (!item.IsNumber()) {
             reader.Fail(itemPath, "string | number | boolean");
-        } else if (reader.WholeLong(item, itemPath, number)) {
+        } else if (reader.WholeLong(&item, itemPath, number)) {
             if (number >= std::numeric_limits<int>::min() &&
                 number <= std::numeric_limits<int>::max()) {
-                params->SetParam(item->string, Tavi::AAFwk::Integer::Box(static_cast<int>(number)));
+                params->SetParam(member.name, Tavi::AAFwk::Integer::Box(static_cast<int>(number)));
             } else {
-                params->SetParam(item->string, Tavi::AAFwk::Long::Box(number));
+                params->SetParam(member.name, Tavi::AAFwk::Long::Box(number));
             }
         }
     }

@@ -1,6 +1,6 @@
 #include "field_reader.h"
 
-#include <cmath>
+#include <cstdint>
 #include <limits>
 #include <utility>
 
@@ -10,24 +10,21 @@ using Tavi::Wisp::LiveView::LiveViewBase;
 
 namespace {
 
-bool HasType(const cJSON* value, JsonType type) {
+bool HasType(const JsonValue& value, JsonType type) {
     switch (type) {
         case JsonType::NUMBER:
-            return cJSON_IsNumber(value);
+            return value.IsNumber();
         case JsonType::STRING:
-            return cJSON_IsString(value) && value->valuestring != nullptr;
+            return value.IsString();
         case JsonType::BOOLEAN:
-            return cJSON_IsBool(value);
+            return value.IsBoolean();
         case JsonType::OBJECT:
-            return cJSON_IsObject(value);
+            return value.IsObject();
         case JsonType::ARRAY:
-            return cJSON_IsArray(value);
+            return value.IsArray();
     }
     return false;
 }
-
-// 2^63 as a double: the first value above the range of a 64-bit integer.
-constexpr double TWO_TO_63 = 9223372036854775808.0;
 
 }  // namespace
 
@@ -35,48 +32,52 @@ std::string TypeMessage(const std::string& path, const std::string& typeName, co
     return "Parameter error. The type of " + path + " mustbe " + typeName + suffix;
 }
 
-void ReadContext::Refuse(const std::string& reason) {
-    if (!error.IsSet()) {
-        error = InputError{sourceFile, 0, 0, reason};
-    }
-}
-
-FieldReader::FieldReader(const cJSON* object, std::string path, LiveViewBase& record,
+FieldReader::FieldReader(const JsonValue* object, std::string path, LiveViewBase& record,
                          ReadContext& context)
-    : object_(cJSON_IsObject(object) ? object : nullptr),
+    : object_(object != nullptr && object->IsObject() ? object : nullptr),
       path_(std::move(path)),
       record_(record),
-      context_(context) {}
+      context_(context) {
+    context_.Visit(object_);
+}
 
-const cJSON* FieldReader::Expect(const cJSON* value, JsonType type, const std::string& path,
-                                 const std::string& typeName) const {
-    if (value == nullptr || cJSON_IsNull(value)) {
+const JsonValue* FieldReader::Expect(const JsonValue* value, JsonType type, const std::string& path,
+                                     const std::string& typeName) const {
+    if (value == nullptr || value->IsNull()) {
         return nullptr;
     }
-    if (!HasType(value, type)) {
+    if (!HasType(*value, type)) {
         Fail(path, typeName);
         return nullptr;
     }
     return value;
 }
 
-const cJSON* FieldReader::Raw(const char* name) const {
-    return object_ == nullptr ? nullptr : cJSON_GetObjectItemCaseSensitive(object_, name);
+const JsonValue* FieldReader::Raw(const char* name) const {
+    if (object_ == nullptr) {
+        return nullptr;
+    }
+    context_.Ask(object_, name);
+    return object_->Find(name);
 }
 
-const cJSON* FieldReader::Member(const char* name, JsonType type,
-                                 const std::string& typeName) const {
+void FieldReader::Known(const char* name) const {
+    context_.Ask(object_, name);
+}
+
+const JsonValue* FieldReader::Member(const char* name, JsonType type,
+                                     const std::string& typeName) const {
     return Expect(Raw(name), type, Path(name), typeName);
 }
 
 std::shared_ptr<std::string> FieldReader::String(const char* name) const {
-    const cJSON* value = Member(name, JsonType::STRING, "string");
-    return value == nullptr ? nullptr : std::make_shared<std::string>(value->valuestring);
+    const JsonValue* value = Member(name, JsonType::STRING, "string");
+    return value == nullptr ? nullptr : std::make_shared<std::string>(value->Text());
 }
 
 std::shared_ptr<bool> FieldReader::Bool(const char* name) const {
-    const cJSON* value = Member(name, JsonType::BOOLEAN, "boolean");
-    return value == nullptr ? nullptr : std::make_shared<bool>(cJSON_IsTrue(value));
+    const JsonValue* value = Member(name, JsonType::BOOLEAN, "boolean");
+    return value == nullptr ? nullptr : std::make_shared<bool>(value->IsTrue());
 }
 
 std::shared_ptr<int> FieldReader::Int(const char* name) const {
@@ -95,43 +96,35 @@ std::shared_ptr<long> FieldReader::Long(const char* name) const {
     return std::make_shared<long>(value);
 }
 
-bool FieldReader::WholeInt(const cJSON* number, const std::string& path, int& value) const {
-    double whole = 0;
-    if (!Whole(number, path, std::numeric_limits<int>::min(), std::numeric_limits<int>::max(),
-               whole)) {
+bool FieldReader::WholeInt(const JsonValue* number, const std::string& path, int& value) const {
+    long whole = 0;
+    if (!WholeLong(number, path, whole)) {
+        return false;
+    }
+    if (whole < std::numeric_limits<int>::min() || whole > std::numeric_limits<int>::max()) {
+        Fail(path, "number", RANGE_SUFFIX);
         return false;
     }
     value = static_cast<int>(whole);
     return true;
 }
 
-bool FieldReader::WholeLong(const cJSON* number, const std::string& path, long& value) const {
-    static_assert(sizeof(long) == 8, "time fields are 64-bit");
-    double whole = 0;
-    // The upper bound is exclusive: every double below 2^63 converts exactly.
-    if (!Whole(number, path, -TWO_TO_63, std::nextafter(TWO_TO_63, 0.0), whole)) {
-        return false;
-    }
-    value = static_cast<long>(whole);
-    return true;
-}
-
-bool FieldReader::Whole(const cJSON* number, const std::string& path, double min, double max,
-                        double& value) const {
+bool FieldReader::WholeLong(const JsonValue* number, const std::string& path, long& value) const {
+    static_assert(sizeof(long) == sizeof(int64_t), "time fields are 64-bit");
     if (number == nullptr) {
         return false;
     }
-    const double candidate = number->valuedouble;
-    if (!std::isfinite(candidate) || std::trunc(candidate) != candidate || candidate < min ||
-        candidate > max) {
+    int64_t whole = 0;
+    if (!number->WholeNumber(whole)) {
         Fail(path, "number", RANGE_SUFFIX);
         return false;
     }
-    value = candidate;
+    value = whole;
     return true;
 }
 
-FieldReader FieldReader::Nested(const cJSON* object, std::string path, LiveViewBase& record) const {
+FieldReader FieldReader::Nested(const JsonValue* object, std::string path,
+                                LiveViewBase& record) const {
     return FieldReader(object, std::move(path), record, context_);
 }
 

@@ -81,14 +81,15 @@ void ReadNavigation(const FieldReader& r, NavigationLayout& layout) {
 
 // Makes the kind, then reads its own members into it.
 template <typename Kind>
-std::shared_ptr<LayoutData> Read(const FieldReader& primary, const cJSON* object,
+std::shared_ptr<LayoutData> Read(const FieldReader& primary, const JsonValue* object,
                                  void (*readKind)(const FieldReader&, Kind&)) {
     auto layout = std::make_shared<Kind>();
     readKind(primary.Nested(object, LAYOUT_PATH, *layout), *layout);
     return layout;
 }
 
-std::shared_ptr<LayoutData> MakeLayout(const FieldReader& primary, const cJSON* object, int type) {
+std::shared_ptr<LayoutData> MakeLayout(const FieldReader& primary, const JsonValue* object,
+                                       int type) {
     switch (type) {
         case LayoutData::PROGRESS:
             return Read<ProgressLayout>(primary, object, ReadProgress);
@@ -108,7 +109,7 @@ std::shared_ptr<LayoutData> MakeLayout(const FieldReader& primary, const cJSON* 
 }  // namespace
 
 std::shared_ptr<LayoutData> ReadLayout(const FieldReader& primary, const char* name) {
-    const cJSON* object = primary.Member(name, JsonType::OBJECT, "LayoutData");
+    const JsonValue* object = primary.Member(name, JsonType::OBJECT, "LayoutData");
     if (object == nullptr) {
         return nullptr;
     }

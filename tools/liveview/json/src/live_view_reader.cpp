@@ -14,7 +14,7 @@ using namespace Tavi::Wisp::LiveView;
 namespace {
 
 std::shared_ptr<LiveViewTimer> ReadTimer(const FieldReader& root) {
-    const cJSON* object = root.Member("timer", JsonType::OBJECT, "LiveViewTimer");
+    const JsonValue* object = root.Member("timer", JsonType::OBJECT, "LiveViewTimer");
     if (object == nullptr) {
         return nullptr;
     }
@@ -27,7 +27,7 @@ std::shared_ptr<LiveViewTimer> ReadTimer(const FieldReader& root) {
 }
 
 std::shared_ptr<ExtensionData> ReadExtension(const FieldReader& primary) {
-    const cJSON* object = primary.Member("extensionData", JsonType::OBJECT, "ExtensionData");
+    const JsonValue* object = primary.Member("extensionData", JsonType::OBJECT, "ExtensionData");
     if (object == nullptr) {
         return nullptr;
     }
@@ -46,7 +46,7 @@ std::shared_ptr<ExtensionData> ReadExtension(const FieldReader& primary) {
 }
 
 std::shared_ptr<PrimaryData> ReadPrimary(const FieldReader& data) {
-    const cJSON* object = data.Member("primary", JsonType::OBJECT, "PrimaryData");
+    const JsonValue* object = data.Member("primary", JsonType::OBJECT, "PrimaryData");
     if (object == nullptr) {
         return nullptr;
     }
@@ -69,7 +69,7 @@ std::shared_ptr<PrimaryData> ReadPrimary(const FieldReader& data) {
 }
 
 std::shared_ptr<ExternalData> ReadExternal(const FieldReader& data) {
-    const cJSON* object = data.Member("external", JsonType::OBJECT, "ExternalData");
+    const JsonValue* object = data.Member("external", JsonType::OBJECT, "ExternalData");
     if (object == nullptr) {
         return nullptr;
     }
@@ -87,7 +87,7 @@ std::shared_ptr<ExternalData> ReadExternal(const FieldReader& data) {
 // Validation never reads the param-failed text of LiveViewData: the errors of its members go to
 // the live view, whose text the common check reads first.
 std::shared_ptr<LiveViewData> ReadLiveViewData(const FieldReader& root, LiveView& liveView) {
-    const cJSON* object = root.Member("liveViewData", JsonType::OBJECT, "LiveViewData");
+    const JsonValue* object = root.Member("liveViewData", JsonType::OBJECT, "LiveViewData");
     if (object == nullptr) {
         return nullptr;
     }
@@ -101,38 +101,69 @@ std::shared_ptr<LiveViewData> ReadLiveViewData(const FieldReader& root, LiveView
 
 }  // namespace
 
-bool ReadLiveView(const cJSON* object, ReadContext& context, LiveView& liveView) {
-    if (!cJSON_IsObject(object)) {
-        context.Refuse("a live view must be a JSON object");
-        return false;
-    }
-    const FieldReader root(object, "liveView", liveView, context);
-    liveView.SetId(root.Int("id"));
-    if (const auto event = root.String("event")) {
-        liveView.SetEvent(*event);
-    }
-    liveView.SetSequence(root.Int("sequence"));
-    liveView.SetIsMute(root.Bool("isMute"));
-    liveView.SetTimer(ReadTimer(root));
-    liveView.SetLiveViewData(ReadLiveViewData(root, liveView));
-    return context.Usable();
+bool ReadLiveView(const JsonValue* object, ReadContext& context, LiveView& liveView) {
+    return ReadWithinMemory(context.sourceFile, context.error, [&] {
+        if (object == nullptr || !object->IsObject()) {
+            context.Refuse("a live view must be a JSON object");
+            return false;
+        }
+        const FieldReader root(object, "liveView", liveView, context);
+        liveView.SetId(root.Int("id"));
+        if (const auto event = root.String("event")) {
+            liveView.SetEvent(*event);
+        }
+        liveView.SetSequence(root.Int("sequence"));
+        liveView.SetIsMute(root.Bool("isMute"));
+        liveView.SetTimer(ReadTimer(root));
+        liveView.SetLiveViewData(ReadLiveViewData(root, liveView));
+        return context.Usable();
+    });
 }
 
 std::string FolderOf(const std::string& path) {
     return std::filesystem::path(path).parent_path().string();
 }
 
+namespace {
+
+// Parses the file that context names, reads the live view in it and reports its unknown
+// members.
+bool LoadInto(ReadContext& context, LiveView& liveView, InputError& error) {
+    return ReadWithinMemory(context.sourceFile, error, [&] {
+        JsonDocument document;
+        if (!LoadJsonFile(context.sourceFile, document, error)) {
+            return false;
+        }
+        if (!ReadLiveView(document.Root(), context, liveView) ||
+            !context.ReportUnknownMembers(*document.Root())) {
+            error = context.error;
+            return false;
+        }
+        return true;
+    });
+}
+
+}  // namespace
+
+bool LoadLiveView(const std::string& path, const LoadOptions& options, LiveView& liveView,
+                  std::vector<InputWarning>& warnings, InputError& error) {
+    ReadContext context(path, FolderOf(path), {}, options);
+    return ReadWithinMemory(path, error, [&] {
+        const bool usable = LoadInto(context, liveView, error);
+        warnings = context.Warnings();
+        return usable;
+    });
+}
+
 bool LoadLiveView(const std::string& path, LiveView& liveView, InputError& error) {
-    JsonDocument document;
-    if (!LoadJsonFile(path, document, error)) {
-        return false;
-    }
-    ReadContext context{path, FolderOf(path), {}};
-    if (!ReadLiveView(document.Root(), context, liveView)) {
-        error = context.error;
-        return false;
-    }
-    return true;
+    std::vector<InputWarning> warnings;
+    return LoadLiveView(path, LoadOptions{}, liveView, warnings, error);
+}
+
+bool LoadLiveViewOf(const ReadContext& input, const std::string& path, LiveView& liveView,
+                    InputError& error) {
+    ReadContext context(input, path, FolderOf(path));
+    return LoadInto(context, liveView, error);
 }
 
 }  // namespace LiveViewJson

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "png_decoder.h"
+#include "picture_files.h"
 
 namespace LiveViewJson {
 
@@ -35,12 +35,16 @@ std::string Resolve(const std::string& baseDir, const std::string& file) {
 }
 
 std::shared_ptr<PixelMap> ReadFile(const FieldReader& reader, const std::string& file,
-                                   const std::string& path) {
+                                   const std::string& path, JsonPlace place, PngRead what) {
+    // Once the input is unusable no more files are read.
+    if (!reader.Context().Usable()) {
+        return nullptr;
+    }
     const std::string resolved = Resolve(reader.Context().baseDir, file);
     std::shared_ptr<PixelMap> picture;
     std::string reason;
-    if (!DecodePngFile(resolved, picture, reason)) {
-        reader.Context().Refuse(path + ": picture file " + resolved + ": " + reason);
+    if (!reader.Context().Pictures().Read(resolved, what, picture, reason)) {
+        reader.Context().RefuseAt(place, path + ": picture file " + resolved + ": " + reason);
         return nullptr;
     }
     return picture;
@@ -73,23 +77,36 @@ std::shared_ptr<PixelMap> ReadDescription(const FieldReader& pictureReader,
     return picture;
 }
 
-}  // namespace
-
-Picture ReadPictureValue(const FieldReader& reader, const cJSON* value, const std::string& path) {
+Picture ReadItem(const FieldReader& reader, const JsonValue* value, const std::string& path,
+                 PngRead what) {
     Picture picture;
-    if (cJSON_IsString(value) && value->valuestring != nullptr) {
-        picture.resource = std::make_shared<std::string>(value->valuestring);
+    if (value != nullptr && value->IsString()) {
+        picture.resource = std::make_shared<std::string>(value->Text());
         return picture;
     }
-    const cJSON* object = reader.Expect(value, JsonType::OBJECT, path, PICTURE_TYPE);
+    const JsonValue* object = reader.Expect(value, JsonType::OBJECT, path, PICTURE_TYPE);
     if (object == nullptr) {
         return picture;
     }
     const FieldReader pictureReader = reader.Nested(object, path, reader.Record());
     const auto file = pictureReader.String("file");
-    picture.pixels =
-        file != nullptr ? ReadFile(reader, *file, path) : ReadDescription(pictureReader, path);
+    if (file == nullptr) {
+        picture.pixels = ReadDescription(pictureReader, path);
+        return picture;
+    }
+    // A file picture has no size of its own: the other members are left alone.
+    for (const char* ignored : {"width", "height", "format"}) {
+        pictureReader.Known(ignored);
+    }
+    picture.pixels = ReadFile(reader, *file, path, object->Place(), what);
     return picture;
+}
+
+}  // namespace
+
+Picture ReadPictureValue(const FieldReader& reader, const JsonValue* value,
+                         const std::string& path) {
+    return ReadItem(reader, value, path, PngRead::PIXELS);
 }
 
 Picture ReadPictureMember(const FieldReader& reader, const char* name) {
@@ -99,20 +116,31 @@ Picture ReadPictureMember(const FieldReader& reader, const char* name) {
 void ReadPictureList(const FieldReader& reader, const char* name,
                      std::vector<std::string>& resources,
                      std::vector<std::shared_ptr<PixelMap>>& pixels) {
-    const cJSON* list =
+    const JsonValue* list =
         reader.Member(name, JsonType::ARRAY, std::string("Array<") + PICTURE_TYPE + ">");
     if (list == nullptr) {
         return;
     }
-    int index = 0;
-    const cJSON* item = nullptr;
-    cJSON_ArrayForEach(item, list) {
-        const std::string path = reader.Path(name) + "[" + std::to_string(index++) + "]";
-        if (cJSON_IsNull(item)) {
-            reader.Fail(path, PICTURE_TYPE);
+    size_t strings = 0;
+    size_t others = 0;
+    for (const JsonValue& item : list->Items()) {
+        if (item.IsString()) {
+            ++strings;
+        } else if (!item.IsNull()) {
+            ++others;
+        }
+    }
+    // Counted before anything is decoded: a list that validation refuses for its length whatever
+    // it holds costs no decoding.
+    const PngRead what =
+        strings > MAX_LIST_PICTURES || others > MAX_LIST_PICTURES ? PngRead::SIZE : PngRead::PIXELS;
+    for (size_t index = 0; index < list->Items().size(); ++index) {
+        const JsonValue& item = list->Items()[index];
+        if (item.IsNull()) {
             continue;
         }
-        const Picture picture = ReadPictureValue(reader, item, path);
+        const std::string path = reader.Path(name) + "[" + std::to_string(index) + "]";
+        const Picture picture = ReadItem(reader, &item, path, what);
         if (picture.resource != nullptr) {
             resources.push_back(*picture.resource);
         } else if (picture.pixels != nullptr) {

@@ -2,10 +2,9 @@
 
 #include <png.h>
 
-#include <cerrno>
-#include <cstdint>
-#include <cstdio>
 #include <cstring>
+
+#include "byte_size.h"
 
 namespace LiveViewJson {
 
@@ -14,12 +13,8 @@ using Tavi::Media::PixelMap;
 
 namespace {
 
-constexpr uint64_t MAX_DECODED_BYTES = 64u * 1024u * 1024u;
 constexpr size_t SIGNATURE_BYTES = 8;
-
-struct FileCloser {
-    void operator()(FILE* file) const { std::fclose(file); }
-};
+constexpr uint64_t RGBA_BYTES = 4;
 
 // Frees what libpng holds for image on every exit.
 struct ImageGuard {
@@ -29,47 +24,44 @@ struct ImageGuard {
 
 }  // namespace
 
-bool DecodePngFile(const std::string& path, std::shared_ptr<PixelMap>& picture,
-                   std::string& reason) {
-    std::unique_ptr<FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
-    if (file == nullptr) {
-        reason = std::string("cannot be read: ") + std::strerror(errno);
-        return false;
-    }
+bool ReadPng(FILE* file, PngRead what, uint64_t maxDecodedBytes, std::shared_ptr<PixelMap>& picture,
+             std::string& reason) {
+    const long start = std::ftell(file);
     png_byte signature[SIGNATURE_BYTES] = {};
-    if (std::fread(signature, 1, SIGNATURE_BYTES, file.get()) != SIGNATURE_BYTES ||
+    if (std::fread(signature, 1, SIGNATURE_BYTES, file) != SIGNATURE_BYTES ||
         png_sig_cmp(signature, 0, SIGNATURE_BYTES) != 0) {
         reason = "not a PNG file";
         return false;
     }
-    std::rewind(file.get());
+    std::fseek(file, start, SEEK_SET);
 
     png_image image;
     std::memset(&image, 0, sizeof(image));
     image.version = PNG_IMAGE_VERSION;
     ImageGuard guard{image};
-    if (png_image_begin_read_from_stdio(&image, file.get()) == 0) {
+    if (png_image_begin_read_from_stdio(&image, file) == 0) {
         reason = std::string("damaged PNG: ") + image.message;
         return false;
     }
     image.format = PNG_FORMAT_RGBA;
-    if (static_cast<uint64_t>(image.width) * image.height * 4u > MAX_DECODED_BYTES) {
-        reason = "PNG larger than 64 MiB when decoded";
+    if (static_cast<uint64_t>(image.width) * image.height * RGBA_BYTES > maxDecodedBytes) {
+        reason = "PNG larger than " + ByteSizeText(maxDecodedBytes) + " when decoded";
         return false;
     }
     Tavi::Media::InitializationOptions options;
     options.size = {static_cast<int32_t>(image.width), static_cast<int32_t>(image.height)};
     options.pixelFormat = PixelFormat::RGBA_8888;
-    std::shared_ptr<PixelMap> decoded = PixelMap::Create(options);
-    if (decoded == nullptr) {
+    std::shared_ptr<PixelMap> read = PixelMap::Create(options);
+    if (read == nullptr) {
         reason = "PNG of an unusable size";
         return false;
     }
-    if (png_image_finish_read(&image, nullptr, decoded->GetWritablePixels(), 0, nullptr) == 0) {
+    if (what == PngRead::PIXELS &&
+        png_image_finish_read(&image, nullptr, read->GetWritablePixels(), 0, nullptr) == 0) {
         reason = std::string("damaged PNG: ") + image.message;
         return false;
     }
-    picture = decoded;
+    picture = read;
     return true;
 }
 

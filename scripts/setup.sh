@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev lld googletest libgtest-dev libgmock-dev
           libbenchmark-dev libcjson-dev libcli11-dev libpng-dev pkg-config clang-format
-          chromium chromium-driver python3-selenium)
+          chromium chromium-driver python3-selenium python3-jsonschema)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -84,7 +84,8 @@ TEST(CliRefusalTest, TheLibrarysVerdictIsPrintedWithExitStatusOne) {
          "401 Parameter error. The type of liveView.id mustbe number.\nsection: common\n"},
         {{"validate", noLayout},
          "401 Parameter error. The type of primary.layoutData mustbe LayoutData [or the "
-         "parameter is mandatory].\nsection: layout\n"},
+         "parameter is mandatory].\nsection: layout\n"
+         "hint: liveViewData.primary.layoutData: missing; required on start\n"},
         {{"validate", noLayout, "--op", "update"}, "0 valid for update\n"},
     };
     for (const auto& row : rows) {
@@ -153,13 +154,28 @@ TEST(CliUnusableInputTest, WrongArgumentsGiveExitStatusTwo) {
     }
 }
 
+TEST(CliUnusableInputTest, AnUnknownVerbIsNamed) {
+    const CliRun run = RunCli({"frobnicate", "x"});
+    EXPECT_EQ(run.status, 2);
+    EXPECT_EQ(run.err,
+              "liveview: unknown verb \"frobnicate\"; the verbs are validate, convert, play, "
+              "preview, help (liveview --help)\n");
+}
+
 TEST(CliOutputTest, HelpOnEveryVerb) {
-    for (const char* verb : {"validate", "convert", "play"}) {
+    for (const char* verb : {"validate", "convert", "play", "preview"}) {
         SCOPED_TRACE(verb);
-        const CliRun run = RunCli({verb, "--help"});
-        EXPECT_EQ(run.status, 0);
-        EXPECT_NE(run.out.find(std::string("liveview ") + verb), std::string::npos) << run.out;
+        for (const auto& args :
+             std::vector<std::vector<std::string>>{{verb, "--help"}, {"help", verb}}) {
+            const CliRun run = RunCli(args);
+            EXPECT_EQ(run.status, 0);
+            EXPECT_NE(run.out.find(std::string("Usage: ")), std::string::npos) << run.out;
+            EXPECT_NE(run.out.find(std::string(verb) + " [OPTIONS]"), std::string::npos) << run.out;
+        }
     }
+    const CliRun help = RunCli({"help"});
+    EXPECT_EQ(help.status, 0);
+    EXPECT_NE(help.out.find("Exit status: 0 success"), std::string::npos) << help.out;
 }
 
 TEST(CliOutputTest, PlayPrintsEventsAndLogLinesOnlyWhenAsked) {

@@ -75,7 +75,8 @@ TEST(ValidatePlayAgreementTest, RecordsDecidedByTheClientsOwnRules) {
         {"a negative timer time",
          {DataPath("timer-negative.json"), "start", ""},
          "401 Parameter error. The type of liveView.timer.time mustbe larger than or equal 0\n"
-         "section: timer\n"},
+         "section: timer\n"
+         "hint: timer.time: -5; 0 or more\n"},
         {"a timer countdown flag given as a string",
          {DataPath("timer-countdown-string.json"), "start", ""},
          "401 Parameter error. The type of liveView.timer.isCountdown mustbe boolean.\n"
@@ -85,13 +86,15 @@ TEST(ValidatePlayAgreementTest, RecordsDecidedByTheClientsOwnRules) {
           ExamplePath("liveviews/pickup-layout.json")},
          "401 Parameter error. The type of layoutData.firstContent mustbe string [or the "
          "parameter is mandatory].\n"
-         "section: layout\n"},
+         "section: layout\n"
+         "hint: liveViewData.primary.layoutData.firstContent: missing; required on start\n"},
         {"a navigation stop runs every section",
          {DataPath("navigation-stop-bad-capsule.json"), "stop",
           ExamplePath("liveviews/navigation-layout.json")},
          "401 Parameter error. The type of capsule.backgroundColor mustbe string [or the "
          "parameter length exceeds the limit].\n"
-         "section: capsule\n"},
+         "section: capsule\n"
+         "hint: liveViewData.capsule.backgroundColor: \"#FF0000\" is not #AARRGGBB\n"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);

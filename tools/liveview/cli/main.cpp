@@ -3,7 +3,9 @@
 #include <CLI/CLI.hpp>
 
 #include <iostream>
+#include <map>
 #include <string>
+#include <vector>
 
 #include "commands.h"
 #include "preview.h"
@@ -15,6 +17,24 @@ const char* const OPERATION_HELP =
 const char* const HELD_HELP =
     "For update and stop: the live view as it was started, which decides what the service holds "
     "(layout and capsule kinds, external title, timer); default FILE itself.";
+const char* const EXIT_STATUS =
+    "Exit status: 0 success, 1 refused by the library or a scenario step answered another code "
+    "than it expects (code, message and a hint printed), 2 unusable input (one line on standard "
+    "error).";
+
+// --format and --strict, shared by the verbs that read input.
+void AddInputOptions(CLI::App* verb, LiveViewCli::VerbOptions& options) {
+    verb->add_option("--format", options.format,
+                     "text (default) or json: one JSON document on standard output "
+                     "(docs/liveview-output.schema.json)")
+        ->transform(CLI::CheckedTransformer(
+            std::map<std::string, LiveViewCli::OutputFormat>{
+                {"text", LiveViewCli::OutputFormat::TEXT},
+                {"json", LiveViewCli::OutputFormat::JSON}},
+            CLI::ignore_case));
+    verb->add_flag("--strict", options.strict,
+                   "An unknown member makes the input unusable instead of giving a warning");
+}
 
 CLI::App* AddLiveViewVerb(CLI::App& app, const char* name, const char* description,
                           LiveViewCli::BuildRequest& request) {
@@ -23,7 +43,31 @@ CLI::App* AddLiveViewVerb(CLI::App& app, const char* name, const char* descripti
     verb->add_option("--op", request.operation, OPERATION_HELP)
         ->check(CLI::IsMember({"start", "update", "stop"}));
     verb->add_option("--held", request.heldFile, HELD_HELP);
+    AddInputOptions(verb, request.verb);
+    verb->footer(EXIT_STATUS);
     return verb;
+}
+
+// Names the verb that is not one; CLI11 would only say that a verb is required.
+bool IsUnknownVerb(const CLI::App& app, int argc, char** argv, std::string& name) {
+    if (argc < 2 || argv[1][0] == '-') {
+        return false;
+    }
+    name = argv[1];
+    for (const CLI::App* verb : app.get_subcommands({})) {
+        if (verb->get_name() == name) {
+            return false;
+        }
+    }
+    return true;
+}
+
+std::string VerbNames(const CLI::App& app) {
+    std::string names;
+    for (const CLI::App* verb : app.get_subcommands({})) {
+        names += (names.empty() ? "" : ", ") + verb->get_name();
+    }
+    return names;
 }
 
 }  // namespace
@@ -31,16 +75,15 @@ CLI::App* AddLiveViewVerb(CLI::App& app, const char* name, const char* descripti
 int main(int argc, char** argv) {
     CLI::App app{
         "Reads live views and scenarios from JSON and runs them through the live view "
-        "library against the embedded notification service.\n"
-        "Exit status: 0 success, 1 refused by the library (code and message printed), "
-        "2 unusable input."};
+        "library against the embedded notification service.\n" +
+        std::string(EXIT_STATUS)};
     app.require_subcommand(1);
 
     LiveViewCli::BuildRequest build;
     CLI::App* validate = AddLiveViewVerb(
         app, "validate",
         "Answer what the client would answer for the live view before publishing it: \"0 valid "
-        "for OP\", or the library's code and message and the section that failed.",
+        "for OP\", or the library's code and message, the section that failed and a hint.",
         build);
     CLI::App* convert =
         AddLiveViewVerb(app, "convert",
@@ -48,31 +91,59 @@ int main(int argc, char** argv) {
                         "request fields, content status and version, every extra-info key with "
                         "its box type and value, and the pictures with their sizes.",
                         build);
-    std::string file;
 
-    LiveViewCli::PlayOptions options;
+    LiveViewCli::PlayRequest playRequest;
     CLI::App* play = app.add_subcommand(
         "play",
         "Run a scenario against the embedded service, printing each step's code and message "
         "and the live view as the service then holds it.");
-    play->add_option("SCENARIO", file, "Scenario JSON file")->required();
+    play->add_option("SCENARIO", playRequest.file, "Scenario JSON file")->required();
     play->footer(
         "Steps: start, update, stop (a live view, or {\"file\": \"x.json\"}), get, enabled, "
         "advanceClock, pressButton, setSlotEnabled, setRateLimit, failNext. A step may add "
         "\"expect\": CODE; the first step that answers another code ends the play with exit "
         "status 1.");
-    play->add_flag("--events", options.events, "Also print system events and end events");
-    play->add_flag("-v,--verbose", options.logLines, "Also print the log lines");
+    play->add_flag("--events", playRequest.play.events, "Also print system events and end events");
+    play->add_flag("-v,--verbose", playRequest.play.logLines, "Also print the log lines");
+    AddInputOptions(play, playRequest.verb);
 
     // The preview verb (preview.h): options, then its dispatch below the parse.
     LiveViewCli::PreviewOptions previewOptions;
     CLI::App* preview = LiveViewCli::AddPreviewVerb(app, previewOptions);
 
+    std::vector<std::string> helpTopic;
+    CLI::App* help = app.add_subcommand("help", "Show this help, or a verb's: help VERB");
+    help->add_option("VERB", helpTopic, "The verb to explain");
+
+    std::string unknown;
+    if (IsUnknownVerb(app, argc, argv, unknown)) {
+        std::cerr << "liveview: unknown verb \"" << unknown << "\"; the verbs are "
+                  << VerbNames(app) << " (liveview --help)\n";
+        return LiveViewCli::STATUS_UNUSABLE;
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         const int code = app.exit(error);
         return code == 0 ? LiveViewCli::STATUS_OK : LiveViewCli::STATUS_UNUSABLE;
+    }
+    if (help->parsed()) {
+        // The formatter directly: App::help() would explain the verb "help" itself.
+        const auto formatter = app.get_formatter();
+        if (helpTopic.empty()) {
+            std::cout << formatter->make_help(&app, "liveview", CLI::AppFormatMode::Normal);
+            return LiveViewCli::STATUS_OK;
+        }
+        for (const CLI::App* verb : app.get_subcommands({})) {
+            if (verb->get_name() == helpTopic.front()) {
+                std::cout << formatter->make_help(verb, verb->get_name(),
+                                                  CLI::AppFormatMode::Normal);
+                return LiveViewCli::STATUS_OK;
+            }
+        }
+        std::cerr << "liveview: unknown verb \"" << helpTopic.front() << "\"; the verbs are "
+                  << VerbNames(app) << '\n';
+        return LiveViewCli::STATUS_UNUSABLE;
     }
     if (preview->parsed()) {
         return LiveViewCli::RunPreview(previewOptions, std::cout, std::cerr);
@@ -83,5 +154,5 @@ int main(int argc, char** argv) {
     if (convert->parsed()) {
         return LiveViewCli::RunConvert(build, std::cout, std::cerr);
     }
-    return LiveViewCli::RunPlay(file, options, std::cout, std::cerr);
+    return LiveViewCli::RunPlay(playRequest, std::cout, std::cerr);
 }

@@ -2,23 +2,11 @@
 
 #include <cstdio>
 
+#include "common_utils.h"
 #include "html.h"
 
 namespace LiveViewRender {
 namespace {
-
-int HexDigit(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    return -1;
-}
 
 // The bytes of "#" followed by exactly count hexadecimal digit pairs.
 bool ParseHex(const std::shared_ptr<std::string>& text, size_t count, std::uint8_t* bytes) {
@@ -26,8 +14,8 @@ bool ParseHex(const std::shared_ptr<std::string>& text, size_t count, std::uint8
         return false;
     }
     for (size_t i = 0; i < count; ++i) {
-        const int high = HexDigit((*text)[1 + 2 * i]);
-        const int low = HexDigit((*text)[2 + 2 * i]);
+        const int high = Tavi::Wisp::LiveView::CommonUtils::HexDigitValue((*text)[1 + 2 * i]);
+        const int low = Tavi::Wisp::LiveView::CommonUtils::HexDigitValue((*text)[2 + 2 * i]);
         if (high < 0 || low < 0) {
             return false;
         }

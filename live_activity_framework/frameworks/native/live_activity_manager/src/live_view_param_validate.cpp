@@ -542,9 +542,8 @@ bool IsHashAndHexDigits(const std::string& color, size_t digits) {
     if (color.size() != digits + 1 || color[0] != '#') {
         return false;
     }
-    return std::all_of(color.begin() + 1, color.end(), [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f');
-    });
+    return std::all_of(color.begin() + 1, color.end(),
+                       [](char c) { return CommonUtils::HexDigitValue(c) >= 0; });
 }
 
 // 0 for "#" and eight hexadecimal ARGB digits, nothing else around them; 401 otherwise.

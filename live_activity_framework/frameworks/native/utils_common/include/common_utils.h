@@ -16,6 +16,16 @@ public:
     static std::string TrimString(const std::string& str);
     // True when TrimString(str) would be empty; allocates nothing.
     static bool IsBlank(const std::string& str);
+    // The value of a hexadecimal digit of either case, 0 to 15; -1 for any other character.
+    static int HexDigitValue(char c) {
+        if (c >= '0' && c <= '9') {
+            return c - '0';
+        }
+        if (c >= 'a' && c <= 'f') {
+            return c - 'a' + 10;
+        }
+        return c >= 'A' && c <= 'F' ? c - 'A' + 10 : -1;
+    }
 };
 
 }  // namespace LiveView

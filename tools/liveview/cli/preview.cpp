@@ -8,6 +8,8 @@
 #include "json_document.h"
 #include "live_view_client.h"
 #include "live_view_reader.h"
+#include "live_view_request_pipeline.h"
+#include "live_view_rule_hint.h"
 #include "render_page.h"
 #include "scenario.h"
 #include "scenario_runner.h"
@@ -61,16 +63,34 @@ struct Result {
     int status = STATUS_OK;
     LiveViewRender::Answer refusal;  // what refused, when status is STATUS_REFUSED
 
-    void Refuse(const std::string& heading, const LiveViewRender::Answer& answer) {
+    void Refuse(const std::string& heading, const LiveViewRender::Answer& answer,
+                const std::string& hint) {
         refusal = answer;
-        page = LiveViewRender::Page(heading,
-                                    LiveViewRender::RefusalPanel(answer.code, answer.message, ""));
+        page = LiveViewRender::Page(
+            heading, LiveViewRender::RefusalPanel(answer.code, answer.message, hint));
         status = STATUS_REFUSED;
     }
 };
 
 LiveViewRender::Answer AnswerOf(const BaseRsp& rsp) {
     return LiveViewRender::Answer{rsp.GetErrAsInt32(), rsp.GetInfo()};
+}
+
+// How to fix a record that the client refused for a broken rule: the request pipeline's hint for
+// the same record and operation, the held live view being what `started` left. Empty for a
+// refusal that no rule explains (a service refusal).
+std::string HintFor(const LiveView& liveView, const std::string& operation,
+                    const LiveView& started) {
+    using Tavi::Wisp::LiveView::LiveViewRequestPipeline;
+    const LiveView::Operation op = operation == "update" ? LiveView::UPDATE
+                                   : operation == "stop" ? LiveView::STOP
+                                                         : LiveView::START;
+    const auto held = op == LiveView::START ? Tavi::Wisp::LiveView::HeldLiveView()
+                                            : LiveViewRequestPipeline::HeldAfterStart(started);
+    Tavi::Notification::NotificationRequest scratch;
+    Tavi::Wisp::LiveView::RuleHint hint;
+    LiveViewRequestPipeline::Build(liveView, op, held, scratch, &hint);
+    return hint.ToString();
 }
 
 // Runs the preview against a fresh service; false with error set when the file is unusable.
@@ -91,14 +111,16 @@ bool Preview(const PreviewOptions& options, const std::string& heading, Result& 
         const BaseRsp started = Apply(client, "start", first, startResult);
         if (!started.Succeed()) {
             result.Refuse(heading + " (the start before " + options.operation + ")",
-                          AnswerOf(started));
+                          AnswerOf(started), HintFor(first, "start", first));
             return true;
         }
     }
     LiveViewClient::LiveViewResult outcome;
     const BaseRsp rsp = Apply(client, options.operation, liveView, outcome);
     if (!rsp.Succeed()) {
-        result.Refuse(heading, AnswerOf(rsp));
+        LiveView started;
+        LiveViewJson::LoadLiveView(options.file, started, error);
+        result.Refuse(heading, AnswerOf(rsp), HintFor(liveView, options.operation, started));
         return true;
     }
     const auto held = Held(liveView);

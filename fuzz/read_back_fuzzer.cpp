@@ -67,13 +67,13 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Expect(SameAnswer(rsp, again), "repeatable read-back", again.GetErrAsInt32(), again.GetInfo());
 
     // Whatever came back is judged like any record, as the continuation of what was read.
-    const HeldLiveView held =
+    const HeldLiveView continued =
         failure.empty() ? HeldLiveView::FromExtraInfo(*LiveViewContentOf(*request)->GetExtraInfo())
                         : HeldLiveView();
     for (const LiveView::Operation operation :
          {LiveView::START, LiveView::UPDATE, LiveView::STOP}) {
         Notification::NotificationRequest built;
-        ExpectVerdict(LiveViewRequestPipeline::Build(liveView, operation, held, built).rsp,
+        ExpectVerdict(LiveViewRequestPipeline::Build(liveView, operation, continued, built).rsp,
                       "pipeline answer");
     }
 

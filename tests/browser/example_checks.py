@@ -200,7 +200,8 @@ def check_hostile(check, driver, liveview_cli, workdir):
 
 
 def check_refusal(check, driver, liveview_cli, workdir, screenshots):
-    """A live view that the library refuses gives exit status 1 and a page with code and message."""
+    """A live view that the library refuses gives exit status 1 and a page with code, message and
+    the hint that names the member, its rule and the value found."""
     out_html = os.path.join(workdir, "refused.html")
     message = ("Parameter error. The type of capsule.backgroundColor mustbe string "
                "[or the parameter length exceeds the limit].")
@@ -212,7 +213,8 @@ def check_refusal(check, driver, liveview_cli, workdir, screenshots):
     page = Page(driver, check)
     page.text(f"{part('refusal')} {part('code')}", "401")
     page.text(f"{part('refusal')} {part('message')}", message)
-    page.count(part("hint"), 0)
+    page.text(part("hint"),
+              'liveViewData.capsule.backgroundColor: "#212121" is not #AARRGGBB')
     page.count(part("card"), 0)
     check_console(driver, check)
     save_screenshot(driver, os.path.join(screenshots, "refused.png"))

@@ -22,6 +22,7 @@ struct FullRecordKinds {
     CapsuleData::CapsuleType capsule;
     const char* layoutName;   // "progress"
     const char* capsuleName;  // "text"
+    const char* event;        // the record's event, e.g. "DELIVERY"
 };
 
 // Every layout kind with fields of its own, once, paired so that every capsule kind is covered.
@@ -29,7 +30,7 @@ const std::vector<FullRecordKinds>& FullRecordKindList();
 
 // A record with common data, a timer, primary data with two rich-text runs, click action and
 // immersive fields, an extension with a picture, the layout and capsule of `kinds` with every
-// field set, and external data.
+// field set, and external data: the section builders of record_builders.h, completed.
 std::unique_ptr<LiveView> FullRecord(const FullRecordKinds& kinds, int id);
 
 }  // namespace Builders

@@ -55,6 +55,8 @@ void SetPublishRecording(bool enabled);
 
 // The live views held now (ended ones until their auto-deleted time passes), by app then id.
 std::vector<HeldLiveView> HeldLiveViews();
+// The one live view that the app holds under id, as HeldLiveViews lists it; false when none.
+bool HeldLiveViewOf(const std::string& bundleName, int32_t uid, int32_t id, HeldLiveView& held);
 
 // Presses a button of an app's live view: the app's subscribers hear OnResponse. Answers
 // ERR_ANS_NOTIFICATION_NOT_EXISTS when the app holds no live view under id.

@@ -67,6 +67,10 @@ std::vector<HeldLiveView> HeldLiveViews() {
     return Service().Held();
 }
 
+bool HeldLiveViewOf(const std::string& bundleName, int32_t uid, int32_t id, HeldLiveView& held) {
+    return Service().HeldOf({bundleName, uid}, id, held);
+}
+
 int32_t PressButton(const std::string& bundleName, int32_t uid, int32_t id,
                     const std::string& buttonName) {
     return Service().PressButton({bundleName, uid}, id, buttonName);

@@ -82,6 +82,8 @@ public:
     void SetPublishRecording(bool enabled);
     std::vector<PublishRecord> Published();
     std::vector<HeldLiveView> Held();
+    // The app's live view under id, copied into held; false when there is none.
+    bool HeldOf(const AppId& app, int32_t id, HeldLiveView& held);
     Notification::ErrCode PressButton(const AppId& app, int32_t id, const std::string& buttonName);
     void Die();
 

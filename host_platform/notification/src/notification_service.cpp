@@ -403,6 +403,21 @@ std::vector<HeldLiveView> NotificationService::Held() {
     return out;
 }
 
+bool NotificationService::HeldOf(const AppId& app, int32_t id, HeldLiveView& held) {
+    std::lock_guard<std::mutex> lock(mutex_);
+    PurgeExpiredLocked(NowLocked());
+    const auto views = liveViews_.find(app);
+    if (views == liveViews_.end()) {
+        return false;
+    }
+    const auto stored = views->second.find(id);
+    if (stored == views->second.end()) {
+        return false;
+    }
+    held = {app, id, stored->second.ended, stored->second.request->Clone()};
+    return true;
+}
+
 ErrCode NotificationService::PressButton(const AppId& app, int32_t id,
                                          const std::string& buttonName) {
     std::vector<Subscriber> listeners;

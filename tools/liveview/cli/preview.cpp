@@ -48,13 +48,12 @@ BaseRsp Apply(LiveViewClient& client, const std::string& operation, LiveView& li
 // What the service holds under the live view's id for the preview's app; null when nothing.
 Tavi::sptr<Tavi::Notification::NotificationRequest> Held(const LiveView& liveView) {
     const auto id = liveView.GetId();
-    for (const auto& held : Tavi::Host::HeldLiveViews()) {
-        if (id != nullptr && held.id == *id && held.app.bundleName == PREVIEW_APP.bundle &&
-            held.app.uid == PREVIEW_APP.uid) {
-            return held.request;
-        }
+    Tavi::Host::HeldLiveView held;
+    if (id == nullptr ||
+        !Tavi::Host::HeldLiveViewOf(PREVIEW_APP.bundle, PREVIEW_APP.uid, *id, held)) {
+        return nullptr;
     }
-    return nullptr;
+    return held.request;
 }
 
 // The page and the exit status of one preview.

@@ -189,13 +189,10 @@ Outcome Player::Control(const Step& step) const {
 }
 
 void Player::FindHeld(StepReport& report) const {
-    for (const auto& held : Tavi::Host::HeldLiveViews()) {
-        if (held.app.bundleName == scenario_.bundle && held.app.uid == scenario_.uid &&
-            held.id == report.liveViewId) {
-            report.held = held.request;
-            report.heldEnded = held.ended;
-            return;
-        }
+    Tavi::Host::HeldLiveView held;
+    if (Tavi::Host::HeldLiveViewOf(scenario_.bundle, scenario_.uid, report.liveViewId, held)) {
+        report.held = held.request;
+        report.heldEnded = held.ended;
     }
 }
 

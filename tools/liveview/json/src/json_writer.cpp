@@ -1,5 +1,7 @@
 #include "json_writer.h"
 
+#include "common_utils.h"
+
 #include <cstdio>
 
 #include "utf8.h"
@@ -12,37 +14,6 @@ const char* const REPLACEMENT = "\xEF\xBF\xBD";  // U+FFFD
 const char* const LINE_SEPARATOR = "\xE2\x80\xA8";
 const char* const PARAGRAPH_SEPARATOR = "\xE2\x80\xA9";
 constexpr size_t SEPARATOR_BYTES = 3;
-
-void AppendEscape(unsigned char c, std::string& out) {
-    switch (c) {
-        case '"':
-            out += "\\\"";
-            return;
-        case '\\':
-            out += "\\\\";
-            return;
-        case '\b':
-            out += "\\b";
-            return;
-        case '\f':
-            out += "\\f";
-            return;
-        case '\n':
-            out += "\\n";
-            return;
-        case '\r':
-            out += "\\r";
-            return;
-        case '\t':
-            out += "\\t";
-            return;
-        default: {
-            char code[8];
-            std::snprintf(code, sizeof(code), "\\u%04x", c);
-            out += code;
-        }
-    }
-}
 
 class Writer {
 public:
@@ -112,7 +83,7 @@ void AppendJsonString(const std::string& text, std::string& out) {
     for (size_t i = 0; i < text.size();) {
         const auto c = static_cast<unsigned char>(text[i]);
         if (c < 0x20 || c == '"' || c == '\\') {
-            AppendEscape(c, out);
+            Tavi::Wisp::LiveView::CommonUtils::AppendJsonEscaped(static_cast<char>(c), out);
             ++i;
         } else if (c < 0x80) {
             out += static_cast<char>(c);

@@ -1,5 +1,7 @@
 #include "live_view_rule_hint.h"
 
+#include "common_utils.h"
+
 #include <cstdio>
 
 namespace Tavi {
@@ -14,36 +16,6 @@ thread_local RuleHint* activeSink = nullptr;
 
 bool IsUtf8Continuation(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
-
-void AppendEscaped(std::string& out, char c) {
-    switch (c) {
-        case '"':
-            out += "\\\"";
-            return;
-        case '\\':
-            out += "\\\\";
-            return;
-        case '\n':
-            out += "\\n";
-            return;
-        case '\r':
-            out += "\\r";
-            return;
-        case '\t':
-            out += "\\t";
-            return;
-        default:
-            break;
-    }
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x20 || byte == 0x7F) {
-        char escaped[8];
-        std::snprintf(escaped, sizeof(escaped), "\\u%04x", byte);
-        out += escaped;
-        return;
-    }
-    out += c;
 }
 
 }  // namespace
@@ -90,7 +62,7 @@ std::string QuoteText(const std::string& value) {
     }
     std::string out = "\"";
     for (size_t i = 0; i < shown; ++i) {
-        AppendEscaped(out, value[i]);
+        CommonUtils::AppendJsonEscaped(value[i], out);
     }
     out += '"';
     if (shown < value.size()) {

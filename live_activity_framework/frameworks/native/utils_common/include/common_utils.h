@@ -16,6 +16,10 @@ public:
     static std::string TrimString(const std::string& str);
     // True when TrimString(str) would be empty; allocates nothing.
     static bool IsBlank(const std::string& str);
+    // Appends c as it stands inside a JSON string: '"', '\\' and the control characters (DEL
+    // included) escaped, \b, \f, \n, \r and \t by name and the others as \u00XX; any other byte as
+    // it is.
+    static void AppendJsonEscaped(char c, std::string& out);
     // The value of a hexadecimal digit of either case, 0 to 15; -1 for any other character.
     static int HexDigitValue(char c) {
         if (c >= '0' && c <= '9') {

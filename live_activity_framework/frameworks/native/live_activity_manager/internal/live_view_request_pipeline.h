@@ -84,9 +84,6 @@ public:
     // tools that have no service to ask: the same conversions, without the checks. For a record
     // that passes the start checks it is exactly what the service holds after the start.
     static HeldLiveView HeldAfterStart(const LiveView& liveView);
-
-    // The sections in the order they run.
-    static const std::vector<const PipelineSection*>& Sections();
 };
 
 }  // namespace LiveView

@@ -300,17 +300,6 @@ HeldLiveView LiveViewRequestPipeline::HeldAfterStart(const LiveView& liveView) {
     return HeldLiveView::FromExtraInfo(*build.extraInfo);
 }
 
-const std::vector<const PipelineSection*>& LiveViewRequestPipeline::Sections() {
-    static const std::vector<const PipelineSection*> sections = [] {
-        std::vector<const PipelineSection*> all;
-        for (const SectionStep& step : STEPS) {
-            all.push_back(&step.section);
-        }
-        return all;
-    }();
-    return sections;
-}
-
 }  // namespace LiveView
 }  // namespace Wisp
 }  // namespace Tavi

@@ -1,5 +1,6 @@
 // The embedded notification service's rules, one group per rule, with the exact error number
-// each situation answers; injected failures; the enablement query; unusable input.
+// each situation answers; app isolation; injected failures; the enablement query; unusable
+// input.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -8,432 +9,213 @@
 
 #include "service_test_support.h"
 
-namespace Tavi {
-namespace Host {
-namespace Testing {
+namespace Tavi::Host::Testing {
 namespace {
 
-constexpr int32_t kId = 7;
+// One publish of a table and the number it must answer.
+struct Call {
+    const char* label;
+    Status status;
+    ErrCode expected;
+    int32_t id = kId;
+    uint32_t version = kNoVersion;
+};
 
-class SlotDisabledTest : public ServiceTest {};
-
-TEST_F(SlotDisabledTest, EveryPublishOfTheAppIsRefusedWhileDisabled) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    SetLiveViewSlotEnabled(kBundle, kUid, false);
-
-    const struct {
-        const char* label;
-        int32_t id;
-        Status status;
-    } rows[] = {
-        {"create", kId + 1, Status::LIVE_VIEW_CREATE},
-        {"incremental update", kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE},
-        {"full update", kId, Status::LIVE_VIEW_FULL_UPDATE},
-        {"end", kId, Status::LIVE_VIEW_END},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        EXPECT_EQ(Publish(row.id, row.status), 0x4000022);
+void ExpectAnswers(const std::vector<Call>& calls) {
+    for (const auto& call : calls) {
+        SCOPED_TRACE(call.label);
+        EXPECT_EQ(Publish(call.id, call.status, call.version), call.expected);
     }
-    const auto held = HeldLiveViews();
-    ASSERT_EQ(held.size(), 1u);
-    EXPECT_FALSE(held[0].ended);
 }
 
-TEST_F(SlotDisabledTest, OnlyTheSwitchedAppIsAffectedAndEnablingAgainAccepts) {
+// "active", "ended" or "none": what the service holds under id for kBundle/kUid.
+std::string HeldAs(int32_t id) {
+    HeldLiveView held;
+    return !HeldLiveViewOf(kBundle, kUid, id, held) ? "none" : held.ended ? "ended" : "active";
+}
+
+class ServiceRulesTest : public ServiceTest {};
+
+TEST_F(ServiceRulesTest, DisabledSlotRefusesEveryPublishOfThatAppOnly) {
+    ASSERT_EQ(Publish(kId, kCreate), 0);
     SetLiveViewSlotEnabled(kBundle, kUid, false);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0x4000022);
-
+    ExpectAnswers({{"create", kCreate, kSlotDisabled, kId + 1},
+                   {"update", kUpdate, kSlotDisabled},
+                   {"full update", kFull, kSlotDisabled},
+                   {"end", kEnd, kSlotDisabled}});
+    EXPECT_EQ(HeldAs(kId), "active");
     SetCallingApp(kBundle, kUid + 1);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-
+    EXPECT_EQ(Publish(kId, kCreate), 0);
     SetCallingApp(kBundle, kUid);
     SetLiveViewSlotEnabled(kBundle, kUid, true);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
+    EXPECT_EQ(Publish(kId, kUpdate), 0);
 }
 
-class RateLimitTest : public ServiceTest {};
-
-TEST_F(RateLimitTest, EleventhPublishWithinOneSecondIsRefusedUntilTheWindowPasses) {
-    for (int32_t id = 1; id <= 10; ++id) {
-        SCOPED_TRACE(id);
-        ASSERT_EQ(Publish(id, Status::LIVE_VIEW_CREATE), 0);
-    }
-    EXPECT_EQ(Publish(11, Status::LIVE_VIEW_CREATE), 0x4000012);
-    AdvanceClock(999);
-    EXPECT_EQ(Publish(11, Status::LIVE_VIEW_CREATE), 0x4000012);
-    AdvanceClock(1);
-    EXPECT_EQ(Publish(11, Status::LIVE_VIEW_CREATE), 0);
-    EXPECT_EQ(HeldLiveViews().size(), 11u);
-}
-
-TEST_F(RateLimitTest, WindowSlidesWithEachAcceptedPublish) {
-    for (int32_t id = 1; id <= 5; ++id) {
-        ASSERT_EQ(Publish(id, Status::LIVE_VIEW_CREATE), 0);
-    }
-    AdvanceClock(500);
-    for (int32_t id = 6; id <= 10; ++id) {
-        ASSERT_EQ(Publish(id, Status::LIVE_VIEW_CREATE), 0);
-    }
-    AdvanceClock(500);  // the first five leave the window, the last five stay
-    for (int32_t id = 11; id <= 15; ++id) {
-        SCOPED_TRACE(id);
-        EXPECT_EQ(Publish(id, Status::LIVE_VIEW_CREATE), 0);
-    }
-    EXPECT_EQ(Publish(16, Status::LIVE_VIEW_CREATE), 0x4000012);
-}
-
-TEST_F(RateLimitTest, UpdatesAndEndsCountAndRefusedPublishesDoNot) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    EXPECT_EQ(Publish(99, Status::LIVE_VIEW_END), 0x4000010);  // refused: not counted
+TEST_F(ServiceRulesTest, TenAcceptedPublishesPerAppWithinOneSecond) {
+    ASSERT_EQ(Publish(kId, kCreate), 0);
+    ASSERT_EQ(Publish(kId + 1, kEnd), kNotExists);  // a refused publish does not count
     for (uint32_t version = 1; version <= 8; ++version) {
-        ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE, version), 0);
+        ASSERT_EQ(Publish(kId, kUpdate, version), 0);
     }
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_END, 9), 0);
-    EXPECT_EQ(Publish(kId + 1, Status::LIVE_VIEW_CREATE), 0x4000012);
+    ExpectAnswers({{"tenth, an end", kEnd, 0, kId, 9}, {"eleventh", kCreate, kOverRate, 1}});
+    AdvanceClock(999);
+    ExpectAnswers({{"999 ms after the first", kCreate, kOverRate, 1}});
+    SetCallingApp("com.example.food", kUid);
+    ExpectAnswers({{"another app", kCreate, 0, 1}});
+    SetCallingApp(kBundle, kUid);
+    AdvanceClock(1);
+    ExpectAnswers({{"1000 ms after the first", kCreate, 0, 1}});
 }
 
-TEST_F(RateLimitTest, LimitIsPerApp) {
-    for (int32_t id = 1; id <= 10; ++id) {
-        ASSERT_EQ(Publish(id, Status::LIVE_VIEW_CREATE), 0);
-    }
-    ASSERT_EQ(Publish(11, Status::LIVE_VIEW_CREATE), 0x4000012);
-    SetCallingApp("com.example.food", 20010002);
-    EXPECT_EQ(Publish(11, Status::LIVE_VIEW_CREATE), 0);
-}
-
-TEST_F(RateLimitTest, SetRateLimitChangesTheCountAndZeroOrLessRemovesIt) {
-    const struct {
-        const char* label;
-        int limit;
-        int accepted;  // publishes accepted before the first refusal; -1 for none refused
-    } rows[] = {
-        {"three", 3, 3}, {"one", 1, 1}, {"twenty", 20, 20}, {"zero", 0, -1}, {"negative", -5, -1},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        StartFresh();
-        SetRateLimit(row.limit);
-        const int attempts = 50;
-        int accepted = 0;
-        ErrCode firstRefusal = 0;
-        for (int32_t id = 1; id <= attempts; ++id) {
-            const ErrCode result = Publish(id, Status::LIVE_VIEW_CREATE);
-            if (result != 0) {
-                firstRefusal = result;
-                break;
-            }
-            ++accepted;
-        }
-        if (row.accepted < 0) {
-            EXPECT_EQ(accepted, attempts);
-            EXPECT_EQ(firstRefusal, 0);
-        } else {
-            EXPECT_EQ(accepted, row.accepted);
-            EXPECT_EQ(firstRefusal, 0x4000012);
-        }
-    }
-}
-
-class RepeatCreateTest : public ServiceTest {};
-
-TEST_F(RepeatCreateTest, CreateForAnActiveIdIsRefusedAndKeepsTheHeldOne) {
-    auto first = MakeLiveView(kId, Status::LIVE_VIEW_CREATE);
-    LiveViewContentOf(*first)->SetExtraInfo(TextParams({{"title", "first"}}));
-    ASSERT_EQ(NotificationHelper::PublishNotification(*first), 0);
-
-    auto second = MakeLiveView(kId, Status::LIVE_VIEW_CREATE);
-    LiveViewContentOf(*second)->SetExtraInfo(TextParams({{"title", "second"}}));
-    EXPECT_EQ(NotificationHelper::PublishNotification(*second), 0x4000028);
-
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE), 0);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0x4000028);
-
+TEST_F(ServiceRulesTest, CreateIsRefusedWhileTheIdIsActiveAndReplacesAnEndedOne) {
+    ASSERT_EQ(Send(MakeLiveView(kId, kCreate, 3, {{"title", "first"}})), 0);
+    EXPECT_EQ(Send(MakeLiveView(kId, kCreate, kNoVersion, {{"title", "second"}})), kRepeatCreate);
+    ExpectAnswers(
+        {{"update", kUpdate, 0, kId, 4}, {"create after an update", kCreate, kRepeatCreate}});
     sptr<NotificationRequest> held;
     ASSERT_EQ(ReadBack(kBundle, kUid, kId, held), 0);
-    EXPECT_EQ(TextParam(LiveViewContentOf(*held)->GetExtraInfo(), "title"), "first");
+    EXPECT_EQ(ExtraInfo(*held), "title=first");
+
+    ExpectAnswers({{"end", kEnd, 0, kId, 5},
+                   {"create after the end", kCreate, 0, kId, 1},
+                   {"the new one has its own versions", kUpdate, 0, kId, 2}});
+    ASSERT_EQ(ReadBack(kBundle, kUid, kId, held), 0);
+    EXPECT_EQ(ExtraInfo(*held), "<none>");
+    EXPECT_EQ(HeldAs(kId), "active");
 }
 
-TEST_F(RepeatCreateTest, CreateIsAllowedAgainAfterThePreviousOneEnded) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE, 3), 0);
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_END, 4), 0);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE, 1), 0);
-
-    const auto held = HeldLiveViews();
-    ASSERT_EQ(held.size(), 1u);
-    EXPECT_FALSE(held[0].ended);
-    // The new live view starts its own versions: 2 is above the new 1, though below the old 4.
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE, 2), 0);
-}
-
-class UnknownIdTest : public ServiceTest {};
-
-TEST_F(UnknownIdTest, UpdateAndEndOfAnIdWithoutLiveViewAreRefused) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    const struct {
-        const char* label;
-        Status status;
-    } rows[] = {
-        {"incremental update", Status::LIVE_VIEW_INCREMENTAL_UPDATE},
-        {"full update", Status::LIVE_VIEW_FULL_UPDATE},
-        {"end", Status::LIVE_VIEW_END},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        EXPECT_EQ(Publish(kId + 1, row.status), 0x4000010);
-        EXPECT_EQ(Publish(kId + 1, row.status, 5), 0x4000010);
-    }
+TEST_F(ServiceRulesTest, IdWithoutLiveViewIsUnknownToUpdateEndAndReadBack) {
+    ASSERT_EQ(Publish(kId, kCreate), 0);
+    ExpectAnswers({{"update", kUpdate, kNotExists, kId + 1},
+                   {"update with a version", kUpdate, kNotExists, kId + 1, 5},
+                   {"full update", kFull, kNotExists, kId + 1},
+                   {"end", kEnd, kNotExists, kId + 1}});
     EXPECT_EQ(HeldLiveViews().size(), 1u);
-}
 
-TEST_F(UnknownIdTest, ReadBackOfAnIdWithoutLiveViewIsRefusedAndLeavesTheOutputAlone) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    auto untouched = MakeLiveView(12345, Status::LIVE_VIEW_CREATE);
+    const auto untouched = MakeLiveView(12345, kCreate);
     sptr<NotificationRequest> out = untouched;
-    EXPECT_EQ(ReadBack(kBundle, kUid, kId + 1, out), 0x4000010);
+    EXPECT_EQ(ReadBack(kBundle, kUid, kId + 1, out), kNotExists);
     EXPECT_EQ(out.GetRefPtr(), untouched.GetRefPtr());
-
-    SetCallingApp("com.example.empty", 20010099);  // an app that never published
-    EXPECT_EQ(ReadBack("com.example.empty", 20010099, kId, out), 0x4000010);
+    SetCallingApp("com.example.empty", kUid);  // an app that holds nothing
+    EXPECT_EQ(ReadBack("com.example.empty", kUid, kId, out), kNotExists);
     EXPECT_EQ(out.GetRefPtr(), untouched.GetRefPtr());
 }
 
-class EndedTest : public ServiceTest {};
+TEST_F(ServiceRulesTest, EndedLiveViewRefusesUpdatesAndEndsWhateverTheVersion) {
+    ASSERT_EQ(Publish(kId, kCreate, 1), 0);
+    ASSERT_EQ(Publish(kId, kEnd, 2), 0);
+    ExpectAnswers({{"update, higher version", kUpdate, kEnded, kId, 10},
+                   {"update, no version", kUpdate, kEnded},
+                   {"full update", kFull, kEnded, kId, 11},
+                   {"end again", kEnd, kEnded, kId, 12},
+                   {"end again, stale version", kEnd, kEnded, kId, 1}});
+    HeldLiveView held;
+    ASSERT_TRUE(HeldLiveViewOf(kBundle, kUid, kId, held));
+    EXPECT_TRUE(held.ended);
+    EXPECT_EQ(LiveViewContentOf(*held.request)->GetVersion(), 2u);
+}
 
-TEST_F(EndedTest, UpdateOrEndAfterEndIsRefusedWhateverTheVersion) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE, 1), 0);
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_END, 2), 0);
-    const struct {
+TEST_F(ServiceRulesTest, SetVersionMustRiseAboveTheStoredOne) {
+    constexpr int32_t kUnversioned = kId + 1;
+    ASSERT_EQ(Publish(kId, kCreate, 5), 0);
+    ASSERT_EQ(Publish(kUnversioned, kCreate), 0);
+    ExpectAnswers({{"below", kUpdate, kStale, kId, 4},
+                   {"equal", kUpdate, kStale, kId, 5},
+                   {"zero", kUpdate, kStale, kId, 0},
+                   {"full update, equal", kFull, kStale, kId, 5},
+                   {"end, equal", kEnd, kStale, kId, 5},
+                   {"above", kUpdate, 0, kId, 6},
+                   {"the same again", kUpdate, kStale, kId, 6},
+                   {"unset: accepted", kUpdate, 0},
+                   {"unset kept the stored 6", kUpdate, kStale, kId, 6},
+                   {"stored unset: any is accepted", kUpdate, 0, kUnversioned, 0},
+                   {"and becomes the stored one", kUpdate, kStale, kUnversioned, 0},
+                   {"end, above", kEnd, 0, kId, 7}});
+    EXPECT_EQ(HeldAs(kId), "ended");
+}
+
+TEST_F(ServiceRulesTest, AppsNeverSeeEachOthersLiveViews) {
+    const struct App {
         const char* label;
-        Status status;
-        uint32_t version;
-    } rows[] = {
-        {"incremental update, higher version", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 10},
-        {"incremental update, no version", Status::LIVE_VIEW_INCREMENTAL_UPDATE, kNoVersion},
-        {"full update", Status::LIVE_VIEW_FULL_UPDATE, 11},
-        {"end again, higher version", Status::LIVE_VIEW_END, 12},
-        {"end again, stale version", Status::LIVE_VIEW_END, 1},
-        {"end again, no version", Status::LIVE_VIEW_END, kNoVersion},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        EXPECT_EQ(Publish(kId, row.status, row.version), 0x4000029);
+        std::string bundle;
+        int32_t uid;
+    } apps[] = {{"rides", kBundle, kUid},
+                {"food", "com.example.food", kUid + 1},
+                {"rides under another uid", kBundle, kUid + 1}};
+    for (const auto& app : apps) {
+        SetCallingApp(app.bundle, app.uid);
+        ASSERT_EQ(Send(MakeLiveView(kId, kCreate, kNoVersion, {{"owner", app.label}})), 0);
     }
-    const auto held = HeldLiveViews();
-    ASSERT_EQ(held.size(), 1u);
-    EXPECT_TRUE(held[0].ended);
-    EXPECT_EQ(LiveViewContentOf(*held[0].request)->GetVersion(), 2u);
-}
-
-class VersionTest : public ServiceTest {};
-
-TEST_F(VersionTest, SetVersionMustBeAboveTheStoredOne) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE, 5), 0);
-    const struct {
-        const char* label;
-        Status status;
-        uint32_t version;
-        ErrCode expected;
-    } rows[] = {
-        {"update below", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 4, 0x400002A},
-        {"update equal", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 5, 0x400002A},
-        {"update zero", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 0, 0x400002A},
-        {"full update equal", Status::LIVE_VIEW_FULL_UPDATE, 5, 0x400002A},
-        {"end equal", Status::LIVE_VIEW_END, 5, 0x400002A},
-        {"update above", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 6, 0},
-        {"update with the old one again", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 6, 0x400002A},
-        {"update unset", Status::LIVE_VIEW_INCREMENTAL_UPDATE, kNoVersion, 0},
-        {"unset kept the stored one", Status::LIVE_VIEW_INCREMENTAL_UPDATE, 6, 0x400002A},
-        {"end below", Status::LIVE_VIEW_END, 2, 0x400002A},
-        {"end above", Status::LIVE_VIEW_END, 7, 0},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        EXPECT_EQ(Publish(kId, row.status, row.version), row.expected);
+    for (const auto& caller : apps) {
+        SetCallingApp(caller.bundle, caller.uid);
+        for (const auto& asked : apps) {
+            SCOPED_TRACE(std::string(caller.label) + " asking for " + asked.label);
+            const bool own = &asked == &caller;
+            sptr<NotificationRequest> out;
+            EXPECT_EQ(ReadBack(asked.bundle, asked.uid, kId, out), own ? 0 : kNotExists);
+            EXPECT_EQ(out ? ExtraInfo(*out) : "<nothing>",
+                      own ? std::string("owner=") + caller.label : "<nothing>");
+        }
     }
 }
 
-TEST_F(VersionTest, UnsetStoredVersionAcceptsAnyAndTheFirstSetOneBecomesStored) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE, 0), 0);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE, 0), 0x400002A);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE, 1), 0);
-
-    sptr<NotificationRequest> held;
-    ASSERT_EQ(ReadBack(kBundle, kUid, kId, held), 0);
-    EXPECT_EQ(LiveViewContentOf(*held)->GetVersion(), 1u);
-}
-
-class InjectedFailureTest : public ServiceTest {};
-
-TEST_F(InjectedFailureTest, PublishAnswersTheNumberTheGivenTimesThenBehavesNormally) {
-    FailNextCalls(ServiceCall::PUBLISH, 0x4000001, 2);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0x4000001);
-    EXPECT_TRUE(HeldLiveViews().empty());
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0x4000001);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE), 0);
-
-    const auto published = Published();
-    ASSERT_EQ(published.size(), 4u);
-    const ErrCode expected[] = {0x4000001, 0x4000001, 0, 0};
-    for (size_t i = 0; i < published.size(); ++i) {
-        SCOPED_TRACE(i);
-        EXPECT_EQ(published[i].result, expected[i]);
-    }
-}
-
-TEST_F(InjectedFailureTest, InjectedFailureIsAnsweredBeforeAnyRule) {
+TEST_F(ServiceRulesTest, InjectedFailureIsAnsweredFirstForTheGivenNumberOfCalls) {
     SetLiveViewSlotEnabled(kBundle, kUid, false);
-    FailNextCalls(ServiceCall::PUBLISH, 0x400002B);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_END), 0x400002B);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_END), 0x4000022);
-}
-
-TEST_F(InjectedFailureTest, EachCallHasItsOwnFaultAndDefaultsToOnce) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    SetLiveViewSlotEnabled(kBundle, kUid, true);
-    struct Subscriber : Notification::NotificationLocalLiveViewSubscriber {
-        void OnConnected() override {}
-        void OnDisconnected() override {}
-        void OnResponse(int32_t, sptr<Notification::NotificationButtonOption>) override {}
-        void OnDied() override {}
-    } subscriber;
-    bool enabled = false;
+    bool enabled = true;
     sptr<NotificationRequest> out;
     const struct {
         const char* label;
         ServiceCall call;
         std::function<ErrCode()> invoke;
+        ErrCode normally;
     } rows[] = {
-        {"publish", ServiceCall::PUBLISH,
-         [] { return Publish(kId, Status::LIVE_VIEW_INCREMENTAL_UPDATE); }},
+        {"publish", ServiceCall::PUBLISH, [] { return Publish(kId, kCreate); }, kSlotDisabled},
         {"subscribe", ServiceCall::SUBSCRIBE,
-         [&] { return NotificationHelper::SubscribeLocalLiveViewNotification(subscriber); }},
-        {"get active", ServiceCall::GET_ACTIVE, [&] { return ReadBack(kBundle, kUid, kId, out); }},
-        {"get enabled", ServiceCall::GET_ENABLED,
-         [&] {
-             return NotificationHelper::GetEnabledForBundleSlotSelf(
-                 Notification::NotificationConstant::LIVE_VIEW, enabled);
-         }},
+         [] { return NotificationHelper::SubscribeLocalLiveViewNotification(nullptr); }, kInvalid},
+        {"get active", ServiceCall::GET_ACTIVE, [&] { return ReadBack(kBundle, kUid, kId, out); },
+         kNotExists},
+        {"get enabled", ServiceCall::GET_ENABLED, [&] { return SlotEnabled(enabled); }, 0},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
         FailNextCalls(row.call, 0x4000002);
         EXPECT_EQ(row.invoke(), 0x4000002);
-        EXPECT_EQ(row.invoke(), 0);
+        EXPECT_EQ(row.invoke(), row.normally);
     }
+    FailNextCalls(ServiceCall::PUBLISH, 0x4000001, 5);
+    FailNextCalls(ServiceCall::PUBLISH, 0x4000002, 2);  // replaces the pending fault
+    ExpectAnswers({{"first", kCreate, 0x4000002}, {"second", kCreate, 0x4000002}});
+    FailNextCalls(ServiceCall::PUBLISH, 0x4000001, 5);
+    FailNextCalls(ServiceCall::PUBLISH, 0x4000001, 0);  // removes it
+    ExpectAnswers({{"after the removal", kCreate, kSlotDisabled}});
 }
 
-TEST_F(InjectedFailureTest, ZeroOrNegativeTimesRemovesThePendingFault) {
-    for (int times : {0, -1}) {
-        SCOPED_TRACE(times);
-        FailNextCalls(ServiceCall::PUBLISH, 0x4000001, 3);
-        FailNextCalls(ServiceCall::PUBLISH, 0x4000001, times);
-        EXPECT_EQ(Publish(kId + times, Status::LIVE_VIEW_CREATE), 0);
-    }
-}
-
-TEST_F(InjectedFailureTest, ANewFaultReplacesThePendingOne) {
-    FailNextCalls(ServiceCall::PUBLISH, 0x4000001, 3);
-    FailNextCalls(ServiceCall::PUBLISH, 0x4000012, 1);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0x4000012);
-    EXPECT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-}
-
-class SlotEnabledQueryTest : public ServiceTest {};
-
-TEST_F(SlotEnabledQueryTest, NotConfiguredUntilSwitchedThenReportsTheSwitch) {
-    const auto liveView = Notification::NotificationConstant::LIVE_VIEW;
+TEST_F(ServiceRulesTest, EnablementIsNotConfiguredUntilTheAppsSlotIsSwitched) {
     bool enabled = true;
-    EXPECT_EQ(NotificationHelper::GetEnabledForBundleSlotSelf(liveView, enabled), 0x4000018);
-    EXPECT_TRUE(enabled);  // left alone
-
-    SetLiveViewSlotEnabled(kBundle, kUid, false);
-    EXPECT_EQ(NotificationHelper::GetEnabledForBundleSlotSelf(liveView, enabled), 0);
-    EXPECT_FALSE(enabled);
-
-    SetLiveViewSlotEnabled(kBundle, kUid, true);
-    EXPECT_EQ(NotificationHelper::GetEnabledForBundleSlotSelf(liveView, enabled), 0);
+    EXPECT_EQ(SlotEnabled(enabled), kNotConfigured);
     EXPECT_TRUE(enabled);
-
-    SetCallingApp(kBundle, kUid + 1);  // same bundle, another uid: its own switch
-    EXPECT_EQ(NotificationHelper::GetEnabledForBundleSlotSelf(liveView, enabled), 0x4000018);
-}
-
-TEST_F(SlotEnabledQueryTest, OtherSlotTypesAreNotConfigured) {
-    SetLiveViewSlotEnabled(kBundle, kUid, true);
-    bool enabled = false;
-    EXPECT_EQ(NotificationHelper::GetEnabledForBundleSlotSelf(
-                  Notification::NotificationConstant::SOCIAL_COMMUNICATION, enabled),
-              0x4000018);
+    SetLiveViewSlotEnabled(kBundle, kUid, false);
+    EXPECT_EQ(SlotEnabled(enabled), 0);
     EXPECT_FALSE(enabled);
+    SetCallingApp(kBundle, kUid + 1);
+    EXPECT_EQ(SlotEnabled(enabled), kNotConfigured);
 }
 
-class BadInputTest : public ServiceTest {};
-
-TEST_F(BadInputTest, NullSubscriberIsInvalid) {
-    EXPECT_EQ(NotificationHelper::SubscribeLocalLiveViewNotification(nullptr), 0x4000003);
-}
-
-TEST_F(BadInputTest, FilterWithoutBundleNameIsInvalid) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    LiveViewFilter filter;
-    filter.notificationKey.id = kId;
+TEST_F(ServiceRulesTest, UnusableCallsAreInvalidParameters) {
     sptr<NotificationRequest> out;
-    EXPECT_EQ(NotificationHelper::GetActiveNotificationByFilter(filter, out), 0x4000003);
-    EXPECT_EQ(out.GetRefPtr(), nullptr);
-
-    filter.bundle.SetUid(kUid);
-    EXPECT_EQ(NotificationHelper::GetActiveNotificationByFilter(filter, out), 0x4000003);
-}
-
-TEST_F(BadInputTest, RequestWithoutLiveViewContentIsInvalid) {
-    NotificationRequest noContent(kId);
-    EXPECT_EQ(NotificationHelper::PublishNotification(noContent), 0x4000003);
-
+    EXPECT_EQ(ReadBack("", kUid, kId, out), kInvalid);
+    EXPECT_EQ(NotificationHelper::PublishNotification(NotificationRequest(kId)), kInvalid);
     NotificationRequest emptyContent(kId);
-    emptyContent.SetContent(std::make_shared<NotificationContent>(nullptr));
-    EXPECT_EQ(NotificationHelper::PublishNotification(emptyContent), 0x4000003);
-
+    emptyContent.SetContent(std::make_shared<Notification::NotificationContent>(nullptr));
+    EXPECT_EQ(NotificationHelper::PublishNotification(emptyContent), kInvalid);
+    SetCallingApp("", kUid);  // an app without a bundle name
+    EXPECT_EQ(Publish(kId, kCreate), kInvalid);
+    ClearCallingApp();
+    EXPECT_EQ(Publish(kId, kCreate), kInvalid);
+    EXPECT_EQ(ReadBack(kBundle, kUid, kId, out), kInvalid);
+    EXPECT_EQ(out.GetRefPtr(), nullptr);
     EXPECT_TRUE(HeldLiveViews().empty());
-    const auto published = Published();
-    ASSERT_EQ(published.size(), 2u);
-    EXPECT_EQ(published[0].result, 0x4000003);
-    EXPECT_EQ(published[1].result, 0x4000003);
-}
-
-TEST_F(BadInputTest, EveryCallWithoutCallingAppIsInvalid) {
-    ASSERT_EQ(Publish(kId, Status::LIVE_VIEW_CREATE), 0);
-    struct Subscriber : Notification::NotificationLocalLiveViewSubscriber {
-        int connected = 0;
-        void OnConnected() override { ++connected; }
-        void OnDisconnected() override {}
-        void OnResponse(int32_t, sptr<Notification::NotificationButtonOption>) override {}
-        void OnDied() override {}
-    } subscriber;
-
-    for (const char* how : {"cleared", "app without a bundle name"}) {
-        SCOPED_TRACE(how);
-        if (std::string(how) == "cleared") {
-            ClearCallingApp();
-        } else {
-            SetCallingApp("", 20010050);
-        }
-        EXPECT_EQ(Publish(kId + 1, Status::LIVE_VIEW_CREATE), 0x4000003);
-        EXPECT_EQ(NotificationHelper::SubscribeLocalLiveViewNotification(subscriber), 0x4000003);
-        sptr<NotificationRequest> out;
-        EXPECT_EQ(ReadBack(kBundle, kUid, kId, out), 0x4000003);
-        bool enabled = false;
-        EXPECT_EQ(NotificationHelper::GetEnabledForBundleSlotSelf(
-                      Notification::NotificationConstant::LIVE_VIEW, enabled),
-                  0x4000003);
-    }
-    EXPECT_EQ(subscriber.connected, 0);
-    EXPECT_EQ(HeldLiveViews().size(), 1u);
 }
 
 }  // namespace
-}  // namespace Testing
-}  // namespace Host
-}  // namespace Tavi
+}  // namespace Tavi::Host::Testing

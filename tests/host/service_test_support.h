@@ -1,5 +1,6 @@
 // Shared by the notification service suites: a fixture that starts every test from a fresh
-// service on a manual clock with one calling app, and builders of live view requests.
+// service on a manual clock with one calling app, builders of live view requests, and a one-line
+// summary of extra info for exact comparisons.
 #ifndef TESTS_HOST_SERVICE_TEST_SUPPORT_H
 #define TESTS_HOST_SERVICE_TEST_SUPPORT_H
 
@@ -16,47 +17,62 @@
 #include "live_view_content.h"
 #include "notification_helper.h"
 #include "notification_live_view_content.h"
-#include "pixel_map.h"
 #include "want_params.h"
 
-namespace Tavi {
-namespace Host {
-namespace Testing {
+namespace Tavi::Host::Testing {
 
 using LiveViewTest::LiveViewContentOf;
 using Notification::ErrCode;
-using Notification::LiveViewFilter;
-using Notification::NotificationContent;
 using Notification::NotificationHelper;
 using Notification::NotificationLiveViewContent;
 using Notification::NotificationRequest;
 using Status = NotificationLiveViewContent::LiveViewStatus;
+using Texts = std::initializer_list<std::pair<std::string, std::string>>;
+
+constexpr Status kCreate = Status::LIVE_VIEW_CREATE, kEnd = Status::LIVE_VIEW_END;
+constexpr Status kUpdate = Status::LIVE_VIEW_INCREMENTAL_UPDATE,
+                 kFull = Status::LIVE_VIEW_FULL_UPDATE;
+// The error numbers the service answers.
+constexpr ErrCode kInvalid = 0x4000003, kNotExists = 0x4000010, kOverRate = 0x4000012;
+constexpr ErrCode kNotConfigured = 0x4000018, kSlotDisabled = 0x4000022;
+constexpr ErrCode kRepeatCreate = 0x4000028, kEnded = 0x4000029, kStale = 0x400002A;
 
 inline const std::string kBundle = "com.example.rides";
 constexpr int32_t kUid = 20010001;
+constexpr int32_t kId = 7;
 constexpr uint32_t kNoVersion = NotificationLiveViewContent::MAX_VERSION;
-// Where the manual service clock starts in every test.
 constexpr int64_t kStartMillis = 1000000;
 
-// A live view request on the live view slot with no extra info and no pictures.
+// A live view request on the live view slot; extra info of the given texts, none when empty.
 inline sptr<NotificationRequest> MakeLiveView(int32_t id, Status status,
-                                              uint32_t version = kNoVersion) {
+                                              uint32_t version = kNoVersion, Texts texts = {}) {
     auto content = std::make_shared<NotificationLiveViewContent>();
     content->SetLiveViewStatus(status);
     content->SetVersion(version);
+    if (texts.size() > 0) {
+        auto params = std::make_shared<AAFwk::WantParams>();
+        for (const auto& [key, value] : texts) {
+            params->SetParam(key, AAFwk::String::Box(value));
+        }
+        content->SetExtraInfo(params);
+    }
     auto request = sptr<NotificationRequest>::MakeSptr(id);
     request->SetSlotType(Notification::NotificationConstant::LIVE_VIEW);
-    request->SetContent(std::make_shared<NotificationContent>(content));
+    request->SetContent(std::make_shared<Notification::NotificationContent>(content));
     return request;
 }
 
+inline ErrCode Send(const sptr<NotificationRequest>& request) {
+    return NotificationHelper::PublishNotification(*request);
+}
+
 inline ErrCode Publish(int32_t id, Status status, uint32_t version = kNoVersion) {
-    return NotificationHelper::PublishNotification(*MakeLiveView(id, status, version));
+    return Send(MakeLiveView(id, status, version));
 }
 
 inline ErrCode ReadBack(const std::string& bundle, int32_t uid, int32_t id,
                         sptr<NotificationRequest>& out, const std::vector<std::string>& keys = {}) {
-    LiveViewFilter filter;
+    Notification::LiveViewFilter filter;
     filter.bundle.SetBundleName(bundle);
     filter.bundle.SetUid(uid);
     filter.notificationKey.id = id;
@@ -64,29 +80,24 @@ inline ErrCode ReadBack(const std::string& bundle, int32_t uid, int32_t id,
     return NotificationHelper::GetActiveNotificationByFilter(filter, out);
 }
 
-// A parameter map of text values.
-inline std::shared_ptr<AAFwk::WantParams> TextParams(
-    std::initializer_list<std::pair<std::string, std::string>> entries) {
-    auto params = std::make_shared<AAFwk::WantParams>();
-    for (const auto& [key, value] : entries) {
-        params->SetParam(key, AAFwk::String::Box(value));
-    }
-    return params;
+inline ErrCode SlotEnabled(bool& enabled) {
+    return NotificationHelper::GetEnabledForBundleSlotSelf(
+        Notification::NotificationConstant::LIVE_VIEW, enabled);
 }
 
-// The text under key, or "<absent>" when the map has no text there.
-inline std::string TextParam(const std::shared_ptr<AAFwk::WantParams>& params,
-                             const std::string& key) {
-    if (params == nullptr || !params->HasParam(key)) {
-        return "<absent>";
+// The request's extra info as "key=text" entries in key order ("key" alone for a value that is
+// not text), e.g. "a=1 b=2 list"; "<none>" without extra info.
+inline std::string ExtraInfo(const NotificationRequest& request) {
+    const auto params = LiveViewContentOf(request)->GetExtraInfo();
+    if (params == nullptr) {
+        return "<none>";
     }
-    auto text = AAFwk::IString::Query(params->GetParam(key));
-    return text == nullptr ? "<absent>" : AAFwk::String::Unbox(text);
-}
-
-inline std::shared_ptr<Media::PixelMap> Picture(int32_t width, int32_t height) {
-    return Media::PixelMap::Create(
-        Media::InitializationOptions{{width, height}, Media::PixelFormat::RGBA_8888});
+    std::string out;
+    for (const auto& [key, value] : params->GetParams()) {
+        const auto* text = AAFwk::IString::Query(value);
+        out += (out.empty() ? "" : " ") + key + (text ? "=" + AAFwk::String::Unbox(text) : "");
+    }
+    return out;
 }
 
 class ServiceTest : public ::testing::Test {
@@ -104,8 +115,6 @@ protected:
     void TearDown() override { ResetAll(); }
 };
 
-}  // namespace Testing
-}  // namespace Host
-}  // namespace Tavi
+}  // namespace Tavi::Host::Testing
 
 #endif  // TESTS_HOST_SERVICE_TEST_SUPPORT_H

@@ -49,10 +49,31 @@ LiveView ChangeOf(int id) {
     return liveView;
 }
 
+// The request held by the service, read back, updated and stopped through the client.
+void PlayThroughClient(const Notification::NotificationRequest& request, bool readable) {
+    const int published = Notification::NotificationHelper::PublishNotification(request);
+    const int id = request.GetNotificationId();
+    LiveViewClient client;
+    LiveView held;
+    const int code = client.GetActiveLiveView(id, held);
+    Expect(IsPublicCode(code), "get active answer", code);
+    if (published == 0 && readable) {
+        Expect(code == 0, "a held live view is read back", code);
+    }
+    LiveViewClient::LiveViewResult result;
+    LiveView change = ChangeOf(id);
+    ExpectPublic(client.UpdateLiveView(change, result), "update answer");
+    ExpectPublic(client.StopLiveView(change, result), "stop answer");
+}
+
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
     FreshHost();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ByteReader in(data, size);
     const sptr<Notification::NotificationRequest> request = ReadRequest(in);
 
@@ -78,21 +99,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
 
     // The same request through the service and back through the client.
-    if (request == nullptr) {
-        return 0;
+    if (request != nullptr) {
+        PlayThroughClient(*request, failure.empty());
     }
-    const int published = Notification::NotificationHelper::PublishNotification(*request);
-    const int id = request->GetNotificationId();
-    LiveViewClient client;
-    LiveView held;
-    const int code = client.GetActiveLiveView(id, held);
-    Expect(IsPublicCode(code), "get active answer", code);
-    if (published == 0 && failure.empty()) {
-        Expect(code == 0, "a held live view is read back", code);
-    }
-    LiveViewClient::LiveViewResult result;
-    LiveView change = ChangeOf(id);
-    ExpectPublic(client.UpdateLiveView(change, result), "update answer");
-    ExpectPublic(client.StopLiveView(change, result), "stop answer");
+    FreshHost();
     return 0;
 }

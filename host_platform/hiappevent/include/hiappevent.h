@@ -5,6 +5,7 @@
 #ifndef TAVI_HIAPPEVENT_HIAPPEVENT_H
 #define TAVI_HIAPPEVENT_HIAPPEVENT_H
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -30,7 +31,9 @@ struct Param {
 class Event {
 public:
     Event(std::string domain, std::string name, EventType type)
-        : domain_(std::move(domain)), name_(std::move(name)), type_(type) {}
+        : domain_(std::move(domain)), name_(std::move(name)), type_(type) {
+        params_.reserve(TYPICAL_PARAMS);
+    }
 
     void AddParam(const std::string& key, const std::string& value) {
         params_.push_back({key, value});
@@ -51,6 +54,8 @@ private:
     std::string domain_;
     std::string name_;
     EventType type_;
+    // Enough for the events the library writes, so that adding parameters does not reallocate.
+    static constexpr size_t TYPICAL_PARAMS = 8;
     std::vector<Param> params_;
 };
 

@@ -96,7 +96,9 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
     ++i;
     conversionSpec += length;
     conversionSpec.push_back(conversion);
-    std::string value;
+    // A private value is formatted all the same (its argument must be consumed) and then hidden.
+    std::string hidden;
+    std::string& value = isPrivate ? hidden : out;
     switch (conversion) {
         case 'd':
         case 'i':
@@ -129,7 +131,12 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
             break;
         case 's': {
             const char* text = va_arg(args, const char*);
-            AppendValue(value, conversionSpec, text == nullptr ? "(null)" : text);
+            if (conversionSpec == "%s") {
+                // The common case, and the one that carries long texts: no formatting to do.
+                value.append(text == nullptr ? "(null)" : text);
+            } else {
+                AppendValue(value, conversionSpec, text == nullptr ? "(null)" : text);
+            }
             break;
         }
         case 'p':
@@ -139,10 +146,12 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
             (void)va_arg(args, void*);
             return i;
         default:
-            value = conversionSpec;
+            value += conversionSpec;
             break;
     }
-    out += isPrivate ? std::string("<private>") : value;
+    if (isPrivate) {
+        out += "<private>";
+    }
     return i;
 }
 
@@ -167,6 +176,7 @@ extern "C" int HiLogPrintArgs(LogType type, LogLevel level, unsigned int domain,
     va_list copy;
     va_copy(copy, args);
     std::string text;
+    text.reserve(std::strlen(fmt) + 64);
     for (size_t i = 0; fmt[i] != '\0';) {
         if (fmt[i] == '%') {
             i = FormatConversion(fmt, i, copy, text);

@@ -1,156 +1,109 @@
-// Shared fixtures of the conversion tests: record builders, the outputs of a conversion, and a
-// reader that checks the extra-info map key by key with the box type each value must have.
+// Shared by the conversion tests: the request that the pipeline builds for a record, listed as
+// sorted "name=value" lines (its extra info, its pictures under "@pictures.", and its own fields
+// under "@").
 #ifndef LIVE_VIEW_TESTS_CONVERSION_TEST_UTIL_H
 #define LIVE_VIEW_TESTS_CONVERSION_TEST_UTIL_H
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <map>
+#include <algorithm>
 #include <memory>
 #include <string>
-#include <type_traits>
-#include <utility>
-#include <variant>
 #include <vector>
 
-#include "host_control.h"
-#include "live_view.h"
-#include "live_view_param_conversion.h"
-#include "pixel_map.h"
+#include "array_wrapper.h"
+#include "live_view_content_of.h"
+#include "live_view_request_pipeline.h"
 #include "record_builders.h"
 #include "want_box.h"
-#include "want_params.h"
 
-namespace Tavi {
-namespace Wisp {
-namespace LiveView {
-namespace Test {
+namespace Tavi::Wisp::LiveView::Test {
 
 using namespace Builders;
-using Pic = std::shared_ptr<Media::PixelMap>;
-using PictureMap = LiveViewParamConversion::PictureMap;
-using Runs = std::vector<std::shared_ptr<RichText>>;
+using Lines = std::vector<std::string>;
 
-// Distinct pictures have distinct widths, so a mix-up shows in the failure message too.
-inline Pic NewPic(int width = 1) {
-    return Picture(width, 1, Media::PixelFormat::ALPHA_8);
-}
-
-inline LiveView MakeLiveView(const std::shared_ptr<PrimaryData>& primary,
-                             const std::shared_ptr<CapsuleData>& capsule = nullptr,
-                             const std::shared_ptr<ExternalData>& external = nullptr) {
-    auto data = std::make_shared<LiveViewData>();
-    data->SetPrimary(primary);
-    data->SetCapsule(capsule);
-    data->SetExternal(external);
-    LiveView liveView;
-    liveView.SetLiveViewData(data);
-    return liveView;
-}
-inline LiveView WithLayout(const std::shared_ptr<LayoutData>& layout) {
-    auto primary = std::make_shared<PrimaryData>();
-    primary->SetLayoutData(layout);
-    return MakeLiveView(primary);
-}
-inline LiveView WithCapsule(const std::shared_ptr<CapsuleData>& capsule) {
-    return MakeLiveView(nullptr, capsule);
-}
-inline LiveView WithExtension(const std::shared_ptr<ExtensionData>& extension) {
-    auto primary = std::make_shared<PrimaryData>();
-    primary->SetExtensionData(extension);
-    return MakeLiveView(primary);
-}
-
-// What the client hands to the conversions.
-struct Outputs {
-    Notification::NotificationRequest request;
-    std::shared_ptr<AAFwk::WantParams> extra = std::make_shared<AAFwk::WantParams>();
-    std::shared_ptr<Notification::NotificationLiveViewContent> content =
-        std::make_shared<Notification::NotificationLiveViewContent>();
-    PictureMap pictures;
-};
-
-// An expected value; its alternative names the box: String, Integer, Long, Boolean, Array of
-// String. Write texts as std::string ("x"s) so that they are not taken for a Boolean.
-using Expected = std::variant<std::string, int, long, bool, std::vector<std::string>>;
-using ExpectedParams = std::map<std::string, Expected>;
-
-// params holds exactly the keys of expected, each with the box and value given.
-inline void ExpectParams(const AAFwk::WantParams& params, const ExpectedParams& expected) {
-    std::vector<std::string> keys;
-    for (const auto& entry : params.GetParams()) {
-        keys.push_back(entry.first);
+// Texts as they are, integers as digits, longs with an L, flags as true or false, lists in [],
+// maps in {}.
+inline std::string ValueText(const sptr<AAFwk::IInterface>& value) {
+    if (const auto* text = AAFwk::IString::Query(value)) {
+        return AAFwk::String::Unbox(text);
     }
-    std::vector<std::string> expectedKeys;
-    for (const auto& entry : expected) {
-        expectedKeys.push_back(entry.first);
+    if (const auto* number = AAFwk::IInteger::Query(value)) {
+        return std::to_string(AAFwk::Integer::Unbox(number));
     }
-    EXPECT_EQ(keys, expectedKeys);
-    for (const auto& [key, value] : expected) {
-        SCOPED_TRACE(key);
-        const auto boxed = params.GetParam(key);
-        std::visit(
-            [&boxed](const auto& want) {
-                using T = std::decay_t<decltype(want)>;
-                if constexpr (std::is_same_v<T, std::vector<std::string>>) {
-                    const auto* array = AAFwk::IArray::Query(boxed);
-                    ASSERT_TRUE(array != nullptr && AAFwk::Array::IsStringArray(array))
-                        << "not an Array of String";
-                    long length = -1;
-                    array->GetLength(length);
-                    ASSERT_EQ(length, static_cast<long>(want.size()));
-                    for (long i = 0; i < length; ++i) {
-                        sptr<AAFwk::IInterface> element;
-                        array->Get(i, element);
-                        const auto* text = AAFwk::IString::Query(element);
-                        ASSERT_NE(text, nullptr) << "element " << i;
-                        EXPECT_EQ(AAFwk::String::Unbox(text), want[static_cast<size_t>(i)]);
-                    }
-                } else {
-                    const auto* typed = BoxOf<T>::Interface::Query(boxed);
-                    ASSERT_NE(typed, nullptr) << "value of another box type";
-                    T got{};
-                    typed->GetValue(got);
-                    EXPECT_EQ(got, want);
-                }
-            },
-            value);
+    if (const auto* number = AAFwk::ILong::Query(value)) {
+        return std::to_string(AAFwk::Long::Unbox(number)) + "L";
     }
-}
-
-// Captures the log lines of the test as (level, text).
-class ConversionTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        Host::ResetAll();
-        Host::SetLogMode(Host::SinkMode::CAPTURE);
+    if (const auto* flag = AAFwk::IBoolean::Query(value)) {
+        return AAFwk::Boolean::Unbox(flag) ? "true" : "false";
     }
-    void TearDown() override { Host::ResetAll(); }
-
-    static std::vector<std::pair<int, std::string>> Logs() {
-        std::vector<std::pair<int, std::string>> lines;
-        for (const auto& line : Host::TakeLogLines()) {
-            lines.emplace_back(line.level, line.text);
+    std::string text;
+    if (const auto* array = AAFwk::IArray::Query(value)) {
+        long length = 0;
+        array->GetLength(length);
+        for (long i = 0; i < length; ++i) {
+            sptr<AAFwk::IInterface> element;
+            array->Get(i, element);
+            text += (i == 0 ? "" : ",") + ValueText(element);
         }
-        return lines;
+        return "[" + text + "]";
     }
-
-    static constexpr int INFO = 4;
-    static constexpr int ERROR = 6;
-
-    // Matches Logs() holding exactly one information line of the conversion unit that ends with
-    // ending.
-    static auto OneConversionInfoLine(const std::string& ending) {
-        return ::testing::ElementsAre(::testing::Pair(
-            INFO, ::testing::AllOf(::testing::StartsWith("[live_view_param_conversion.cpp:"),
-                                   ::testing::EndsWith(ending))));
+    if (const auto* map = AAFwk::IWantParams::Query(value)) {
+        const AAFwk::WantParams params = AAFwk::WantParamWrapper::Unbox(map);
+        for (const auto& [key, item] : params.GetParams()) {
+            text += key + ":" + ValueText(item) + ";";
+        }
+        return "{" + text + "}";
     }
-};
+    return value == nullptr ? "null" : "?";
+}
 
-}  // namespace Test
-}  // namespace LiveView
-}  // namespace Wisp
-}  // namespace Tavi
+inline std::string PictureText(const std::shared_ptr<Media::PixelMap>& picture) {
+    return picture == nullptr ? "-" : "w" + std::to_string(picture->GetWidth());
+}
+
+inline Lines Listing(const Notification::NotificationRequest& request) {
+    const auto content = LiveViewContentOf(request);
+    const auto agent = request.GetWantAgent();
+    std::string buttons;
+    for (const auto& button : request.GetActionButtons()) {
+        buttons += button->GetTitle() + ">" + button->GetWantAgent()->GetTarget() + ";";
+    }
+    Lines lines = {
+        "@id=" + std::to_string(request.GetNotificationId()),
+        "@slot=" + std::to_string(static_cast<int>(request.GetSlotType())),
+        "@inProgress=" + std::to_string(request.IsInProgress()),
+        "@autoDeletedTime=" + std::to_string(request.GetAutoDeletedTime()),
+        "@wantAgent=" + (agent == nullptr ? "-" : agent->GetTarget()),
+        "@buttons=" + buttons,
+        "@cover=" + std::to_string(request.IsCoverActionButtons()),
+        "@version=" + std::to_string(content->GetVersion()),
+        "@singlePicture=" + PictureText(content->GetSinglePicture()),
+    };
+    for (const auto& [key, pictures] : content->GetPicture()) {
+        std::string text;
+        for (const auto& picture : pictures) {
+            text += PictureText(picture) + ";";
+        }
+        lines.push_back("@pictures." + key + "=" + text);
+    }
+    for (const auto& [key, value] : content->GetExtraInfo()->GetParams()) {
+        lines.push_back(key + "=" + ValueText(value));
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+// The request that the pipeline builds for record; the build must succeed.
+inline sptr<Notification::NotificationRequest> Built(const LiveView& record,
+                                                     LiveView::Operation operation,
+                                                     const HeldLiveView& held = HeldLiveView()) {
+    sptr<Notification::NotificationRequest> request = new Notification::NotificationRequest();
+    const BaseRsp rsp = LiveViewRequestPipeline::Build(record, operation, held, *request).rsp;
+    EXPECT_TRUE(rsp.Succeed()) << rsp.GetInfo();
+    return request;
+}
+
+}  // namespace Tavi::Wisp::LiveView::Test
 
 #endif  // LIVE_VIEW_TESTS_CONVERSION_TEST_UTIL_H

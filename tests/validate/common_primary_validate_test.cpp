@@ -1,5 +1,6 @@
-// Common, timer and primary checks, the rich-text list rule and the ARGB colour rule. A row
-// labelled "upper bounds" sets every field it names to its largest valid value at once.
+// The common, timer and primary rules, and the rich-text list rule of the primary content: each
+// limit at its value and one past it, with the exact message and the rule hint. Then the update
+// entry point outside the pipeline, under which a valid later section rescues bad primary data.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -8,173 +9,135 @@
 #include "validate_test_util.h"
 #include "want_params.h"
 
-namespace Tavi {
-namespace Wisp {
-namespace LiveView {
-namespace ValidateTest {
+namespace Tavi::Wisp::LiveView::ValidateTest {
 namespace {
 
+const std::string PRIMARY = "liveViewData.primary.";
 const std::string CONTENT = Err("primary.content", "Array<RichText>", LEN);
-const std::string PARAMS = "primary.immersiveParameters";
+const std::string PARAMS = Err("primary.immersiveParameters", "Record<string, string>", "." + LEN);
 
-BaseRsp CheckPrimary(const std::shared_ptr<PrimaryData>& primary, const LiveView::Operation& op) {
-    LiveView v = StartRecord();
-    v.GetLiveViewData()->SetPrimary(primary);
-    return Validate::PrimaryDataParamValidate(v, op);
-}
 std::shared_ptr<AAFwk::WantParams> Params(int strings, bool withInteger = false) {
     auto params = std::make_shared<AAFwk::WantParams>();
     for (int i = 0; i < strings; ++i) {
         params->SetParam("k" + std::to_string(i), AAFwk::String::Box("v"));
     }
     if (withInteger) {
-        params->SetParam("int", AAFwk::Integer::Box(1));
+        params->SetParam("mode", AAFwk::Integer::Box(1));
     }
     return params;
 }
-auto Content(const std::vector<RunPtr>& runs) {
+auto Content(const std::vector<std::shared_ptr<RichText>>& runs) {
     return [runs](std::shared_ptr<PrimaryData>& p) { p->SetContent(runs); };
 }
-auto Colors(std::shared_ptr<std::string> first, std::shared_ptr<std::string> second = nullptr) {
-    return Content({Rich(Str("a"), first), Rich(Str("b"), second)});
+std::shared_ptr<PrimaryData> ValidPrimary() {
+    return LiveView::GetPrimaryData(BaseRecord());
 }
 
-TEST(CommonValidateTest, RulesInOrder) {
-    const std::vector<Case<LiveView>> cases = {
-        {"event 127 bytes within blanks",
-         [](auto& v) { v->SetEvent(" " + std::string(127, 'e') + "\t"); }, START, OK},
-        {"param-failed text first, verbatim",
-         [](auto& v) { v->SetParamFailed("5%s"), v->SetId(nullptr); }, START, "5%s"},
-        {"id before event", [](auto& v) { v->SetId(nullptr), v->SetEvent(""); }, UPDATE,
-         Err("liveView.id", "number", MAND)},
-        {"event 128 bytes", [](auto& v) { v->SetEvent(std::string(128, 'e')); }, START,
-         Len("liveView.event")},
-        {"event of blanks", [](auto& v) { v->SetEvent("  "); }, STOP, Len("liveView.event")},
-        {"sequence -1 before data",
-         [](auto& v) { v->SetSequence(Int(-1)), v->SetLiveViewData(nullptr); }, START,
-         Err("liveView.sequence", "number", RANGE)},
-        {"no data", [](auto& v) { v->SetLiveViewData(nullptr); }, START,
-         Err("liveView.liveViewData", "LiveViewData", MAND)},
-    };
-    RunCases<LiveView>(
-        cases, [] { return std::make_shared<LiveView>(StartRecord()); },
-        [](const auto& v, const auto&) { return Validate::CommonDataParamValidate(*v); });
-}
-
-TEST(TimerValidateTest, TimeNotNegative) {
-    const std::vector<Case<LiveViewTimer>> cases = {
-        {"time 0", [](auto& t) { t->SetTime(std::make_shared<long>(0)); }, START, OK},
-        {"no timer", [](auto& t) { t = nullptr; }, START, OK},
-        {"time -1", [](auto& t) { t->SetTime(std::make_shared<long>(-1)); }, UPDATE,
-         "Parameter error. The type of liveView.timer.time mustbe larger than or equal 0"},
-        {"param-failed text before time",
-         [](auto& t) { t->SetParamFailed("time"), t->SetTime(std::make_shared<long>(-1)); }, START,
-         "time"},
-    };
-    RunCases<LiveViewTimer>(
-        cases, [] { return std::make_shared<LiveViewTimer>(); },
-        [](const auto& timer, const auto&) {
-            LiveView v = StartRecord();
-            v.SetTimer(timer);
-            return Validate::TimerDataParamValidate(v);
+TEST(CommonValidateTest, Rules) {
+    RunRows<LiveView>(
+        [] { return std::make_shared<LiveView>(BaseRecord()); },
+        {
+            {"event 127 bytes between blanks", START,
+             SET(SetEvent(" " + std::string(127, 'e') + "\t")), OK},
+            {"event 128 bytes between blanks", START,
+             SET(SetEvent(" " + std::string(128, 'e') + " ")), Len("liveView.event"),
+             "event: 128 bytes once trimmed; at most 127 bytes, not blank"},
+            {"event of blanks", STOP, SET(SetEvent(" \t\n")), Len("liveView.event"),
+             "event: \" \\t\\n\" is blank; at most 127 bytes, not blank"},
+            {"no id", UPDATE, SET(SetId(nullptr)), Err("liveView.id", "number", MAND)},
+            {"sequence -1", START, SET(SetSequence(Int(-1))),
+             Err("liveView.sequence", "number", RANGE), "sequence: -1; 0 or more"},
+            {"no data", START, SET(SetLiveViewData(nullptr)),
+             Err("liveView.liveViewData", "LiveViewData", MAND)},
+            {"param-failed text, verbatim and without hint", START,
+             [](auto& v) { v->SetParamFailed("5%s"), v->SetId(nullptr); }, "5%s", ""},
         });
 }
 
-TEST(PrimaryValidateTest, RulesInOrder) {
-    const std::string click = Err("primary.clickAction", "WantAgent", MAND);
-    const std::vector<Case<PrimaryData>> cases = {
-        {"upper bounds",
-         [](auto& p) {
-             p->SetTitle(Bytes(1023)), p->SetImmersivePicStr(Bytes(255));
-             p->SetImmersiveAbilityName(Bytes(127)), p->SetImmersiveParameters(Params(50));
-         },
-         START, OK},
-        {"absent", [](auto& p) { p = nullptr; }, UPDATE,
-         Err("liveViewData.primary", "PrimaryData", MAND)},
-        {"param-failed text before title",
-         [](auto& p) { p->SetParamFailed("title"), p->SetTitle(nullptr); }, START, "title"},
-        {"title 1024 bytes", [](auto& p) { p->SetTitle(Bytes(1024)); }, UPDATE,
-         Len("primary.title")},
-        {"title of blanks", [](auto& p) { p->SetTitle(Str("   ")); }, START, Len("primary.title")},
-        {"empty on start: title first", [](auto& p) { p = std::make_shared<PrimaryData>(); }, START,
-         Mand("primary.title")},
-        {"content before click action",
-         [](auto& p) { p->SetContent({}), p->SetClickAction(nullptr); }, START,
-         Err("primary.content", "Array<RichText>", MAND)},
-        {"click action before immersive",
-         [](auto& p) { p->SetClickAction(nullptr), p->SetImmersivePicStr(Str("")); }, START, click},
-        {"empty on update", [](auto& p) { p = std::make_shared<PrimaryData>(); }, UPDATE, OK},
-        {"immersive picture 256 bytes", [](auto& p) { p->SetImmersivePicStr(Bytes(256)); }, STOP,
-         Err("primary.immersivePic", PIC, LEN)},
-        {"ability 128 bytes on start", [](auto& p) { p->SetImmersiveAbilityName(Bytes(128)); },
-         START, Len("primary.immersiveAbilityName")},
-        {"ability 128 bytes on update", [](auto& p) { p->SetImmersiveAbilityName(Bytes(128)); },
-         UPDATE, OK},
-        {"no parameters", [](auto& p) { p->SetImmersiveParameters(Params(0)); }, UPDATE,
-         Err(PARAMS, "Record<string, string>", "." + LEN)},
-        {"51 parameters", [](auto& p) { p->SetImmersiveParameters(Params(51)); }, START,
-         Err(PARAMS, "Record<string, string>", "." + LEN)},
-        {"integer parameter", [](auto& p) { p->SetImmersiveParameters(Params(2, true)); }, START,
-         Err(PARAMS, "Record<string, string>")},
-    };
-    RunCases<PrimaryData>(cases, ValidPrimary, CheckPrimary);
+TEST(TimerValidateTest, TimeNotNegative) {
+    RunRows<LiveViewTimer>(
+        [] { return std::make_shared<LiveViewTimer>(); },
+        {
+            {"time 0", START, SET(SetTime(Long(0))), OK},
+            {"time -5000", UPDATE, SET(SetTime(Long(-5000))),
+             "Parameter error. The type of liveView.timer.time mustbe larger than or equal 0",
+             "timer.time: -5,000; 0 or more"},
+        });
 }
 
-// The list rule reaches the caller as the primary content message; the limit is 1024 there.
-TEST(RichTextValidateTest, ItemsSumAndOneColour) {
+TEST(PrimaryValidateTest, Rules) {
+    const std::string pic = Err("primary.immersivePic", PIC, LEN);
+    RunRows<PrimaryData>(
+        ValidPrimary,
+        {
+            // clang-format off
+            {"upper bounds", START, [](auto& p) {
+                 p->SetTitle(Bytes(1023)), p->SetImmersivePicStr(Bytes(255));
+                 p->SetImmersiveAbilityName(Bytes(127));
+                 p->SetImmersiveParameters(Params(50)); }, OK},
+            // clang-format on
+            {"title 1024 bytes", UPDATE, SET(SetTitle(Bytes(1024))), Len("primary.title"),
+             PRIMARY + "title: 1,024 bytes; at most 1,023 bytes, not blank"},
+            {"no primary", UPDATE, [](auto& p) { p = nullptr; },
+             Err("liveViewData.primary", "PrimaryData", MAND)},
+            {"no content", START, [](auto& p) { p->SetContent({}); },
+             Err("primary.content", "Array<RichText>", MAND)},
+            {"no click action", START, SET(SetClickAction(nullptr)),
+             Err("primary.clickAction", "WantAgent", MAND),
+             PRIMARY + "clickAction: missing; required on start"},
+            {"immersive picture 256 bytes", STOP, SET(SetImmersivePicStr(Bytes(256))), pic},
+            {"ability name 128 bytes on start", START, SET(SetImmersiveAbilityName(Bytes(128))),
+             Len("primary.immersiveAbilityName")},
+            {"ability name 128 bytes on update", UPDATE, SET(SetImmersiveAbilityName(Bytes(128))),
+             OK},
+            {"51 parameters", START, SET(SetImmersiveParameters(Params(51))), PARAMS,
+             PRIMARY + "immersiveParameters: 51 parameters; 1 to 50"},
+            {"a parameter that is not a string", START,
+             SET(SetImmersiveParameters(Params(2, true))),
+             Err("primary.immersiveParameters", "Record<string, string>"),
+             PRIMARY + "immersiveParameters.mode: a number; every value is a string"},
+        });
+}
+
+// The list rule reaches the caller as the primary content message.
+TEST(PrimaryValidateTest, RichTextList) {
     const auto red = Str("#FF000000");
-    const std::vector<Case<PrimaryData>> cases = {
-        {"upper bounds", Content({Rich(Bytes(600)), Rich(Bytes(423), Str("#ff00aa00"))}), START,
-         OK},
-        {"one item 1024 bytes", Content({Rich(Bytes(1024))}), START, CONTENT},
-        {"sum 1024 bytes", Content({Rich(Bytes(600)), Rich(Bytes(424))}), STOP, CONTENT},
-        {"null items skipped", Content({nullptr, Rich(Str("a")), nullptr}), START, OK},
-        {"only null items", Content({nullptr}), UPDATE, CONTENT},
-        {"item without text", Content({Rich(Str("a")), Rich(nullptr)}), START, CONTENT},
-        {"blank item", Content({Rich(Str("  "))}), START, CONTENT},
-        {"one colour and none", Content({Rich(Str("a"), red), Rich(Str("b")), Rich(Str("c"), red)}),
-         START, OK},
-        {"colours differ in case", Colors(red, Str("#ff000000")), START, CONTENT},
-        {"six digits", Colors(Str("#FFFFFF")), START, CONTENT},
-        {"no hash sign", Colors(Str("FF000000")), START, CONTENT},
-        {"leading blank", Colors(Str(" #FF000000")), START, CONTENT},
-        {"trailing newline", Colors(Str("#FF000000\n")), START, CONTENT},
-        {"not hexadecimal", Colors(Str("#FF00000G")), START, CONTENT},
-        {"one megabyte", Colors(Str("#" + std::string(1 << 20, 'F'))), START, CONTENT},
-    };
-    RunCases<PrimaryData>(cases, ValidPrimary, CheckPrimary);
+    RunRows<PrimaryData>(
+        ValidPrimary,
+        {
+            {"1023 bytes in all, one colour", START,
+             Content({Rich(Bytes(600), red), Rich(Bytes(422)), Rich(Str("c"), red)}), OK},
+            {"1024 bytes in all", STOP, SET(SetContent(Runs({600, 424}))), CONTENT,
+             PRIMARY + "content: 1,024 bytes in all; 1 to 1,023 bytes in all"},
+            {"item without text", START, Content({Rich(Str("a")), Rich(nullptr)}), CONTENT,
+             PRIMARY + "content[1].text: missing; every item has a text"},
+            {"colours differ in case", START,
+             Content({Rich(Str("a"), red), Rich(Str("b"), Str("#ff000000"))}), CONTENT,
+             PRIMARY +
+                 "content[1].textColor: \"#ff000000\" differs from \"#FF000000\"; every coloured "
+                 "item of one list has the same colour"},
+        });
 }
 
-TEST(PrimaryValidateTest, StopClampsKeepTimeIntoRecord) {
-    struct Row {
-        const char* label;
-        int keepTime;
-        LiveView::Operation operation;
-        bool laterRuleFails;
-        int expectedKeepTime;
+// Under the update entry point a bad primary section is rescued by a later section that is
+// present and valid; otherwise the last failure is the answer.
+TEST(EntryValidateTest, UpdateRescuedByAValidLaterSection) {
+    LiveView v = BaseRecord();
+    const auto answer = [&v] {
+        const BaseRsp rsp = Validate::ValidateUpdateLiveViewParam(v, UPDATE);
+        return std::to_string(rsp.GetErrAsInt32()) + " " + rsp.GetInfo();
     };
-    const Row rows[] = {
-        {"-5 on stop", -5, STOP, false, 0},
-        {"3601 on stop", 3601, STOP, false, 3600},
-        {"3600 on stop", 3600, STOP, false, 3600},
-        {"-5 on update", -5, UPDATE, false, -5},
-        {"4000 on start", 4000, START, false, 4000},
-        {"before a failing rule", 4000, STOP, true, 3600},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.label);
-        LiveView v = StartRecord();
-        const auto primary = LiveView::GetPrimaryData(v);
-        primary->SetKeepTime(Int(row.keepTime));
-        primary->SetImmersivePicStr(row.laterRuleFails ? Str("") : nullptr);
-        ExpectRsp(Validate::PrimaryDataParamValidate(v, row.operation),
-                  row.laterRuleFails ? Err("primary.immersivePic", PIC, LEN) : OK);
-        EXPECT_EQ(*primary->GetKeepTime(), row.expectedKeepTime);
-    }
+    SetCapsule(v, std::make_shared<TextCapsule>());
+    EXPECT_EQ(answer(), "0 ");  // a good primary section: later ones are not looked at
+    LiveView::GetPrimaryData(v)->SetParamFailed("primary");
+    EXPECT_EQ(answer(), "0 ");  // rescued by the extension
+    SetExtension(v, nullptr), SetLayout(v, nullptr);
+    EXPECT_EQ(answer(), "0 ");  // rescued by the external data, after the bad capsule
+    v.GetLiveViewData()->GetExternal()->SetTitle(Bytes(128));
+    EXPECT_EQ(answer(), "401 " + Len("external.title"));
+    SetCapsule(v, nullptr), SetExternal(v, nullptr);
+    EXPECT_EQ(answer(), "401 primary");
 }
 
 }  // namespace
-}  // namespace ValidateTest
-}  // namespace LiveView
-}  // namespace Wisp
-}  // namespace Tavi
+}  // namespace Tavi::Wisp::LiveView::ValidateTest

@@ -1,242 +1,203 @@
-// Layout checks: the entry rules, then one table per kind. Rows named "x before y" break two
-// fields and show that the earlier rule, or the earlier group, is reported.
+// The layout rules: the kind type, then each kind's texts, pictures and lists, each limit at its
+// value and one past it, with the exact message and the rule hint.
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "validate_test_util.h"
 
-namespace Tavi {
-namespace Wisp {
-namespace LiveView {
-namespace ValidateTest {
+namespace Tavi::Wisp::LiveView::ValidateTest {
 namespace {
 
+const std::string LAYOUT = "liveViewData.primary.layoutData.";
 const std::string ICONS = "Array<string | image.PixelMap>";
 
-auto SetType(int value) {
-    return [value](auto& l) { l->SetLayoutType(static_cast<LayoutData::LayoutType>(value)); };
+template <typename T>
+using TextSetter = void (T::*)(const std::shared_ptr<std::string>&);
+
+// A change that sets one text of the section.
+template <typename T>
+auto Setting(TextSetter<T> set, std::shared_ptr<std::string> value) {
+    return [set, value](std::shared_ptr<T>& l) { ((*l).*set)(value); };
 }
 
-TEST(LayoutValidateTest, EntryRules) {
-    const std::string type = Err("layoutData.layoutType", "LayoutType");
-    const std::vector<Case<LayoutData>> cases = {
-        {"absent on start", [](auto& l) { l = nullptr; }, START,
-         Err("primary.layoutData", "LayoutData", MAND)},
-        {"absent on stop", [](auto& l) { l = nullptr; }, STOP, OK},
-        {"param-failed text before type", [](auto& l) { SetType(9)(l), l->SetParamFailed("x"); },
-         START, "x"},
-        {"type -1 on an empty pickup",
-         [](auto& l) { l = Kind<PickupLayout>(LayoutData::LAYOUT_TYPE_NONE); }, START, OK},
-        {"type 0", SetType(0), START, type},
-        {"type 1", SetType(1), UPDATE, type},
-        {"type 2", SetType(2), START, type},
-        {"type 6", SetType(6), START, type},
-        {"type 9", SetType(9), STOP, type},
-        {"plain layout typed progress", [](auto& l) { l = Kind<LayoutData>(LayoutData::PROGRESS); },
-         START, OK},
+// Each text of a kind: 127 bytes on update, 128 bytes, and absent on start.
+template <typename T>
+std::vector<Row<T>> TextRows(const std::vector<std::pair<std::string, TextSetter<T>>>& texts) {
+    std::vector<Row<T>> rows;
+    for (const auto& [path, set] : texts) {
+        rows.push_back({path + " 127 bytes", UPDATE, Setting<T>(set, Bytes(127)), OK});
+        rows.push_back({path + " 128 bytes", START, Setting<T>(set, Bytes(128)), Len(path)});
+        rows.push_back({path + " absent", START, Setting<T>(set, nullptr), Mand(path)});
+    }
+    return rows;
+}
+
+// A picture that a start requires, as a pixel map of 30,720 and 30,721 bytes, as an empty
+// resource string, and absent.
+template <typename T>
+std::vector<Row<T>> PictureRows(const std::string& path, TextSetter<T> setString,
+                                void (T::*setPicture)(const Pic&), const std::string& tooBig) {
+    const auto picture = [=](int32_t bytes) {
+        return [=](std::shared_ptr<T>& l) {
+            ((*l).*setString)(nullptr), ((*l).*setPicture)(Image(bytes));
+        };
     };
-    RunLayoutCases<LayoutData>(cases, PickupLayoutForStart);
+    const std::string hint = "liveViewData.primary." + path + ": ";
+    return {{path + " 30720 bytes", START, picture(30720), OK},
+            {path + " 30721 bytes", START, picture(30721), tooBig,
+             hint + "30,721 bytes; at most 30,720 bytes"},
+            {path + " empty", START, Setting<T>(setString, Str("")), Err(path, PIC),
+             hint + "\"\" is empty; a resource name that is not empty"},
+            {path + " absent", START, Setting<T>(setString, nullptr), Err(path, PIC, MAND),
+             hint + "missing; required on start"}};
+}
+
+template <typename T>
+std::vector<Row<T>> Join(std::vector<Row<T>> rows, const std::vector<Row<T>>& more) {
+    rows.insert(rows.end(), more.begin(), more.end());
+    return rows;
+}
+
+TEST(LayoutValidateTest, KindType) {
+    std::vector<Row<LayoutData>> rows = {
+        {"absent on start", START, [](auto& l) { l = nullptr; },
+         Err("primary.layoutData", "LayoutData", MAND)},
+        {"absent on stop", STOP, [](auto& l) { l = nullptr; }, OK},
+        // clang-format off
+        {"type -1, nothing else", START, [](auto& l) {
+             l = std::make_shared<PickupLayout>();
+             l->SetLayoutType(LayoutData::LAYOUT_TYPE_NONE); }, OK},
+        // clang-format on
+    };
+    for (const int type : {0, 1, 2, 6, 9}) {
+        rows.push_back({"type " + std::to_string(type), type == 1 ? UPDATE : START,
+                        [type](auto& l) { l->SetLayoutType(LayoutData::LayoutType(type)); },
+                        Err("layoutData.layoutType", "LayoutType"),
+                        LAYOUT + "layoutType: " + std::to_string(type) + "; -1, 3, 4, 5, 7 or 8"});
+    }
+    RunRows<LayoutData>([] { return PickupLayoutForStart(); }, rows);
 }
 
 TEST(LayoutValidateTest, ProgressLayout) {
-    const std::string line = "Parameter error. The type of layoutData.lineType mustbe LineType";
     const std::string range =
         Err("layoutData.progress", "number", " [or the parameter range is incorrect");
-    const std::string icon = "layoutData.indicatorIcon";
-    const std::string count = Err("layoutData.nodeIcons", ICONS, LEN);
-    const std::vector<Case<ProgressLayout>> cases = {
-        {"upper bounds",
-         [](auto& l) {
-             l->SetProgress(Int(100)), l->SetColor(Str("#FF00FF00")), l->SetLineType(Int(2));
-             l->SetIndicatorType(Int(1)), l->SetIndicatorIcon(Image(30720));
-             l->SetNodeIconsStr(Names(5)), l->SetNodeIcons(Images(5, 30720));
-         },
-         START, OK},
-        {"progress 101", [](auto& l) { l->SetProgress(Int(101)); }, START, range},
-        {"progress -1", [](auto& l) { l->SetProgress(Int(-1)); }, UPDATE, range},
-        {"no progress on update before colour",
-         [](auto& l) { l->SetProgress(nullptr), l->SetColor(Str("#00FF00")); }, UPDATE,
-         Err("layoutData.progress", "number", MAND)},
-        {"six-digit colour", [](auto& l) { l->SetColor(Str("#00FF00")); }, START,
-         Len("layoutData.color")},
-        {"six-digit background", [](auto& l) { l->SetBackgroundColor(Str("#00FF00")); }, START,
-         Len("layoutData.backgroundColor")},
-        {"line type 3 before indicator type 3",
-         [](auto& l) { l->SetLineType(Int(3)), l->SetIndicatorType(Int(3)); }, START, line},
-        {"line type -1", [](auto& l) { l->SetLineType(Int(-1)); }, START, line},
-        {"indicator type -1", [](auto& l) { l->SetIndicatorType(Int(-1)); }, START,
-         "Parameter error. The type of layoutData.indicatorTypetype mustbe IndicatorType"},
-        {"indicator type 0, no icon", [](auto& l) { l->SetIndicatorType(Int(0)); }, START, OK},
-        {"indicator type 2, no icon", [](auto& l) { l->SetIndicatorType(Int(2)); }, START,
-         Err(icon, PIC, MAND)},
-        {"indicator type 2, no icon, update", [](auto& l) { l->SetIndicatorType(Int(2)); }, UPDATE,
-         OK},
-        {"empty icon string before image 30721",
-         [](auto& l) { l->SetIndicatorIconStr(Str("")), l->SetIndicatorIcon(Image(30721)); }, START,
-         Err(icon, PIC)},
-        {"icon image 30721", [](auto& l) { l->SetIndicatorIcon(Image(30721)); }, START, Len(icon)},
-        {"no node icons on start", [](auto& l) { l->SetNodeIconsStr({}); }, START,
-         Err("layoutData.nodeIcons", ICONS, MAND)},
-        {"no node icons on update", [](auto& l) { l->SetNodeIconsStr({}); }, UPDATE, OK},
-        {"1 name", [](auto& l) { l->SetNodeIconsStr(Names(1)); }, START, count},
-        {"6 names", [](auto& l) { l->SetNodeIconsStr(Names(6)); }, START, count},
-        {"empty second name", [](auto& l) { l->SetNodeIconsStr(List<std::string>("a", "", "c")); },
-         START, Err("layoutData.nodeIcons", ICONS, "")},
-        {"1 image", [](auto& l) { l->SetNodeIcons(Images(1)); }, START, count},
-        {"6 images", [](auto& l) { l->SetNodeIcons(Images(6)); }, START, count},
-        {"image of 30721", [](auto& l) { l->SetNodeIcons(List<Pic>(Image(1), Image(30721))); },
-         START, count},
-        {"null image", [](auto& l) { l->SetNodeIcons(List<Pic>(Image(1), nullptr)); }, UPDATE,
-         count},
-    };
-    RunLayoutCases<ProgressLayout>(cases, ValidProgress);
+    const std::string nodes = "layoutData.nodeIcons";
+    const std::string count = Err(nodes, ICONS, LEN);
+    RunRows<ProgressLayout>(
+        [] {  // only the fields that a start requires: two node icons, no indicator
+            auto l = std::make_shared<ProgressLayout>();
+            l->SetLayoutType(LayoutData::PROGRESS), l->SetProgress(Int(50));
+            l->SetNodeIconsStr(Names(2));
+            return l;
+        },
+        {
+            // clang-format off
+            {"upper bounds", START, [](auto& l) {
+                 l->SetProgress(Int(100)), l->SetColor(Str("#FF00FF00")), l->SetLineType(Int(2));
+                 l->SetIndicatorType(Int(1)), l->SetIndicatorIcon(Image(30720));
+                 l->SetNodeIconsStr(Names(5)), l->SetNodeIcons(Images(5, 30720)); }, OK},
+            // clang-format on
+            {"progress 101", START, SET(SetProgress(Int(101))), range,
+             LAYOUT + "progress: 101; 0 to 100"},
+            {"progress -1", UPDATE, SET(SetProgress(Int(-1))), range},
+            {"no progress on update", UPDATE, SET(SetProgress(nullptr)),
+             Err("layoutData.progress", "number", MAND), LAYOUT + "progress: missing; required"},
+            {"line type 3", START, SET(SetLineType(Int(3))),
+             "Parameter error. The type of layoutData.lineType mustbe LineType",
+             LAYOUT + "lineType: 3; 0 to 2"},
+            {"indicator type -1", START, SET(SetIndicatorType(Int(-1))),
+             "Parameter error. The type of layoutData.indicatorTypetype mustbe IndicatorType",
+             LAYOUT + "indicatorType: -1; 0 to 2"},
+            {"indicator type 2 without icon", START, SET(SetIndicatorType(Int(2))),
+             Err("layoutData.indicatorIcon", PIC, MAND)},
+            {"no node icons on start", START, SET(SetNodeIconsStr({})), Err(nodes, ICONS, MAND)},
+            {"6 names", START, SET(SetNodeIconsStr(Names(6))), count,
+             LAYOUT + "nodeIcons: 6 items; 2 to 5"},
+            {"1 image beside 3 names", START,
+             [](auto& l) { l->SetNodeIconsStr(Names(3)), l->SetNodeIcons(Images(1)); }, count,
+             LAYOUT + "nodeIcons: 1 picture beside 3 resource strings; 2 to 5 of each form"},
+            // clang-format off
+            {"image of 30721 bytes", START,
+             [](auto& l) { l->SetNodeIconsStr({}), l->SetNodeIcons({Image(1), Image(30721)}); },
+             count, LAYOUT + "nodeIcons: picture 2 of 2 has 30,721 bytes; at most 30,720 bytes"},
+            // clang-format on
+        });
 }
 
-TEST(LayoutValidateTest, PickupLayout) {
-    using L = PickupLayout;
+TEST(LayoutValidateTest, PickupFlightAndScoreLayouts) {
+    using P = PickupLayout;
     const std::string pic = "layoutData.descPic";
-    auto cases =
-        TextCases<L>({{"layoutData.title", &L::SetTitle}, {"layoutData.content", &L::SetContent}});
-    cases.insert(
-        cases.end(),
-        {
-            {"upper bounds",
-             [](auto& l) {
-                 l->SetTitle(Bytes(127)), l->SetContent(Bytes(127)), l->SetDescPicStr(nullptr);
-                 l->SetUnderlineColor(Str("#FF00FF00")), l->SetDescPic(Image(30720));
-             },
-             START, OK},
-            {"title before content", [](auto& l) { l->SetTitle(nullptr), l->SetContent(nullptr); },
-             START, Mand("layoutData.title")},
-            {"content of blanks", [](auto& l) { l->SetContent(Str(" ")); }, STOP,
-             Len("layoutData.content")},
-            {"six-digit underline before picture",
-             [](auto& l) { l->SetUnderlineColor(Str("#00FF00")), l->SetDescPic(Image(30721)); },
-             START, Len("layoutData.underlineColor")},
-            {"image 30721", [](auto& l) { l->SetDescPic(Image(30721)); }, START, Len(pic)},
-            {"no picture on start", [](auto& l) { l->SetDescPicStr(nullptr); }, START,
-             Err(pic, PIC, MAND)},
-            {"nothing on update", [](auto& l) { l = Kind<L>(LayoutData::PICKUP); }, UPDATE, OK},
-            {"empty picture string", [](auto& l) { l->SetDescPicStr(Str("")); }, START,
-             Err(pic, PIC)},
-        });
-    RunLayoutCases<L>(cases, PickupLayoutForStart);
-}
-
-TEST(LayoutValidateTest, FlightLayout) {
-    using L = FlightLayout;
+    RunRows<P>(PickupLayoutForStart,
+               Join(TextRows<P>({{"layoutData.title", &P::SetTitle},
+                                 {"layoutData.content", &P::SetContent}}),
+                    PictureRows<P>(pic, &P::SetDescPicStr, &P::SetDescPic, Len(pic))));
+    using F = FlightLayout;
     const std::string icon = "layoutData.spaceIcon";
-    auto cases = TextCases<L>({{"layoutData.firstTitle", &L::SetFirstTitle},
-                               {"layoutData.firstContent", &L::SetFirstContent},
-                               {"layoutData.lastTitle", &L::SetLastTitle},
-                               {"layoutData.lastContent", &L::SetLastContent}});
-    cases.insert(
-        cases.end(),
-        {
-            {"upper bounds",
-             [](auto& l) { l->SetAdditionalText(Bytes(1023)), l->SetSpaceIcon(Image(30720)); },
-             START, OK},
-            {"first title before the rest", [](auto& l) { l = Kind<L>(LayoutData::FLIGHT); }, START,
-             Mand("layoutData.firstTitle")},
-            {"image 30721", [](auto& l) { l->SetSpaceIcon(Image(30721)); }, START, Len(icon)},
-            {"empty icon string", [](auto& l) { l->SetSpaceIconStr(Str("")); }, START,
-             Err(icon, PIC)},
-            {"additional text 1024 before no icon",
-             [](auto& l) { l->SetAdditionalText(Bytes(1024)), l->SetSpaceIconStr(nullptr); }, START,
-             Len("layoutData.additionalText")},
-            {"no icon on start", [](auto& l) { l->SetSpaceIconStr(nullptr); }, START,
-             Err(icon, PIC, MAND)},
-            {"nothing on update", [](auto& l) { l = Kind<L>(LayoutData::FLIGHT); }, UPDATE, OK},
-        });
-    RunLayoutCases<L>(cases, FlightLayoutForStart);
-}
-
-TEST(LayoutValidateTest, ScoreLayout) {
-    using L = ScoreLayout;
+    RunRows<F>(
+        FlightLayoutForStart,
+        Join(TextRows<F>({{"layoutData.firstTitle", &F::SetFirstTitle},
+                          {"layoutData.firstContent", &F::SetFirstContent},
+                          {"layoutData.lastTitle", &F::SetLastTitle},
+                          {"layoutData.lastContent", &F::SetLastContent}}),
+             Join(PictureRows<F>(icon, &F::SetSpaceIconStr, &F::SetSpaceIcon, Len(icon)),
+                  {{"additional text 1023 bytes", START, SET(SetAdditionalText(Bytes(1023))), OK},
+                   {"additional text 1024 bytes", START, SET(SetAdditionalText(Bytes(1024))),
+                    Len("layoutData.additionalText")}})));
+    using S = ScoreLayout;
+    const std::string host = "layoutData.hostIcon";
+    const std::string guest = "layoutData.guestIcon";
     const std::string desc = "layoutData.competitionDesc";
     const std::string descTypes = "string | Array<RichText>";
-    auto cases = TextCases<L>({{"layoutData.hostName", &L::SetHostName},
-                               {"layoutData.hostScore", &L::SetHostScore},
-                               {"layoutData.guestName", &L::SetGuestName},
-                               {"layoutData.guestScore", &L::SetGuestScore},
-                               {"layoutData.competitionTime", &L::SetCompetitionTime}});
-    cases.insert(
-        cases.end(),
-        {
-            {"upper bounds, description list only",
-             [](auto& l) {
-                 l->SetCompetitionDesc(nullptr), l->AddCompetitionDescVector(Rich(Bytes(127)));
-                 l->SetHostIcon(Image(30720)), l->SetHostName(Bytes(127));
-             },
-             START, OK},
-            {"host before guest",
-             [](auto& l) { l->SetHostName(nullptr), l->SetGuestName(nullptr); }, START,
-             Mand("layoutData.hostName")},
-            {"host image 30721", [](auto& l) { l->SetHostIcon(Image(30721)); }, START,
-             Err("layoutData.hostIcon", PIC, LEN)},
-            {"empty host icon string", [](auto& l) { l->SetHostIconStr(Str("")); }, UPDATE,
-             Err("layoutData.hostIcon", PIC)},
-            {"no host icon", [](auto& l) { l->SetHostIconStr(nullptr); }, START,
-             Err("layoutData.hostIcon", PIC, MAND)},
-            {"guest image 30721", [](auto& l) { l->SetGuestIcon(Image(30721)); }, START,
-             Err("layoutData.guestIcon", PIC, LEN)},
-            {"empty guest icon string", [](auto& l) { l->SetGuestIconStr(Str("")); }, START,
-             Err("layoutData.guestIcon", PIC)},
-            {"no guest icon", [](auto& l) { l->SetGuestIconStr(nullptr); }, START,
-             Err("layoutData.guestIcon", PIC, MAND)},
-            {"description 128", [](auto& l) { l->SetCompetitionDesc(Bytes(128)); }, START,
-             Len(desc)},
-            {"no description on start", [](auto& l) { l->SetCompetitionDesc(nullptr); }, START,
-             Err(desc, descTypes, MAND)},
-            {"list of 100 and 28 bytes",
-             [](auto& l) {
-                 l->SetCompetitionDescVector(List<RunPtr>(Rich(Bytes(100)), Rich(Bytes(28))));
-             },
-             START, Err(desc, descTypes, LEN)},
-            {"nothing on update", [](auto& l) { l = Kind<L>(LayoutData::SCORE); }, UPDATE, OK},
-        });
-    RunLayoutCases<L>(cases, ScoreLayoutForStart);
+    auto rows = TextRows<S>({{"layoutData.hostName", &S::SetHostName},
+                             {"layoutData.hostScore", &S::SetHostScore},
+                             {"layoutData.guestName", &S::SetGuestName},
+                             {"layoutData.guestScore", &S::SetGuestScore},
+                             {"layoutData.competitionTime", &S::SetCompetitionTime}});
+    rows =
+        Join(rows, PictureRows<S>(host, &S::SetHostIconStr, &S::SetHostIcon, Err(host, PIC, LEN)));
+    rows = Join(rows,
+                PictureRows<S>(guest, &S::SetGuestIconStr, &S::SetGuestIcon, Err(guest, PIC, LEN)));
+    const auto list = [](size_t second) {
+        return [second](auto& l) {
+            l->SetCompetitionDesc(nullptr), l->SetCompetitionDescVector(Runs({100, second}));
+        };
+    };
+    RunRows<S>(
+        ScoreLayoutForStart,
+        Join(rows,
+             {{"description 128 bytes", START, SET(SetCompetitionDesc(Bytes(128))), Len(desc)},
+              {"no description", START, SET(SetCompetitionDesc(nullptr)),
+               Err(desc, descTypes, MAND)},
+              {"description list of 127 bytes", START, list(27), OK},
+              {"description list of 128 bytes", START, list(28), Err(desc, descTypes, LEN)}}));
 }
 
 TEST(LayoutValidateTest, NavigationLayout) {
     const std::string current = "layoutData.currentNavigationIcon";
-    const std::string count = Err("layoutData.navigationIcons", ICONS, LEN);
-    const std::vector<Case<NavigationLayout>> cases = {
-        {"upper bounds",
-         [](auto& l) {
-             l->SetCurrentNavigationIcon(Image(30720)), l->SetNavigationIconsStr(Names(6));
-             l->SetNavigationIcons(Images(6, 30720));
-         },
-         START, OK},
-        {"2 names, 2 images",
-         [](auto& l) { l->SetNavigationIconsStr(Names(2)), l->SetNavigationIcons(Images(2)); },
-         START, OK},
-        {"empty string before image 30721",
-         [](auto& l) {
-             l->SetCurrentNavigationIconStr(Str("")), l->SetCurrentNavigationIcon(Image(30721));
-         },
-         START, Err(current + "Str", PIC)},
-        {"image 30721", [](auto& l) { l->SetCurrentNavigationIcon(Image(30721)); }, UPDATE,
-         Err(current, PIC, LEN)},
-        {"no icon on start", [](auto& l) { l->SetCurrentNavigationIconStr(nullptr); }, START,
-         Err(current, PIC, MAND)},
-        {"no icon on update", [](auto& l) { l->SetCurrentNavigationIconStr(nullptr); }, UPDATE, OK},
-        {"1 name", [](auto& l) { l->SetNavigationIconsStr(Names(1)); }, START, count},
-        {"7 names", [](auto& l) { l->SetNavigationIconsStr(Names(7)); }, START, count},
-        {"empty name", [](auto& l) { l->SetNavigationIconsStr(List<std::string>("a", "")); }, START,
-         Err("layoutData.navigationIcons", ICONS, "")},
-        {"1 image", [](auto& l) { l->SetNavigationIcons(Images(1)); }, START, count},
-        {"7 images", [](auto& l) { l->SetNavigationIcons(Images(7)); }, START, count},
-        {"null image", [](auto& l) { l->SetNavigationIcons(List<Pic>(nullptr, Image(1))); }, START,
-         count},
-    };
-    RunLayoutCases<NavigationLayout>(cases, NavigationLayoutForStart);
+    const std::string icons = "layoutData.navigationIcons";
+    const std::string count = Err(icons, ICONS, LEN);
+    RunRows<NavigationLayout>(
+        NavigationLayoutForStart,
+        {
+            // clang-format off
+            {"upper bounds", START, [](auto& l) {
+                 l->SetCurrentNavigationIcon(Image(30720)), l->SetNavigationIconsStr(Names(6));
+                 l->SetNavigationIcons(Images(6, 30720)); }, OK},
+            // clang-format on
+            {"empty current icon string", START, SET(SetCurrentNavigationIconStr(Str(""))),
+             Err(current + "Str", PIC)},
+            {"1 name", START, SET(SetNavigationIconsStr(Names(1))), count},
+            {"7 names", START, SET(SetNavigationIconsStr(Names(7))), count},
+            {"an empty name", START, SET(SetNavigationIconsStr({"icon", ""})),
+             Err(icons, ICONS, ""),
+             LAYOUT +
+                 "navigationIcons: resource string 2 of 2 is empty; no resource string is empty"},
+            {"7 images", START, SET(SetNavigationIcons(Images(7))), count},
+        });
 }
 
 }  // namespace
-}  // namespace ValidateTest
-}  // namespace LiveView
-}  // namespace Wisp
-}  // namespace Tavi
+}  // namespace Tavi::Wisp::LiveView::ValidateTest

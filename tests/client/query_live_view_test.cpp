@@ -2,186 +2,115 @@
 // left behind, and what each path reports.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "client_test_support.h"
 
-namespace Tavi {
-namespace Wisp {
-namespace LiveView {
-namespace ClientTesting {
+namespace Tavi::Wisp::LiveView::ClientTesting {
 namespace {
 
-using Host::ServiceCall;
+using QueryTest = ClientTest;
 
-class GetActiveLiveViewTest : public ClientTest {};
+const std::string kBeginGetActive =
+    "I [live_view_client.cpp:756] GetActiveLiveView# Begin get active liveView.";
 
-TEST_F(GetActiveLiveViewTest, ReadBackReportsTheLiveViewAsRead) {
-    LiveView start = StartRecord(7, "DELIVERY", PickupLayoutForStart());
-    SetCapsule(start, TextCapsuleForStart());
-    ASSERT_EQ(StartQuietly(start).GetErrAsInt32(), 0);
-    LiveView readBack;
-
-    EXPECT_EQ(client_.GetActiveLiveView(7, readBack), 0);
-
-    EXPECT_EQ(Text(readBack.GetId()), "7");
-    EXPECT_EQ(readBack.GetEvent(), "DELIVERY");
-    EXPECT_EQ(TakeLogs(), std::vector<std::string>{kBeginGetActive});
-    EXPECT_EQ(TakeSysEvents(), std::vector<std::string>{ServiceEvent("GetActiveLiveView", 0)});
-    // The event and kinds are those of the record as read back.
-    EXPECT_EQ(TakeEndEvents(),
-              std::vector<std::string>{EndEvent("getActiveLiveView", 0, 0, "DELIVERY", 4, 1)});
-}
-
-TEST_F(GetActiveLiveViewTest, LiveViewThatCannotBeReadLeavesTheRecordAsItWas) {
-    struct Row {
+TEST_F(QueryTest, ReadBackFillsTheRecordOrLeavesItAsItWas) {
+    const struct {
         const char* label;
-        std::function<void()> arrange;
+        int id;
+        bool withBundle;
         int32_t code;
-        std::vector<std::string> logs;
-        std::vector<std::string> sysEvents;
-    };
-    const std::string readFailed =
-        "E [live_view_client.cpp:769] GetActiveLiveView# PublishNotification error, code is ";
-    const std::vector<Row> rows = {
-        {"unknown id",
-         [] {},
-         1003500009,
-         {kBeginGetActive, readFailed + "1003500009"},
-         {NotificationErrorEvent("GetActiveNotificationByFilter", 0),
-          ServiceEvent("GetActiveLiveView", 1003500009)}},
-        {"another app's live view",
-         [this] {
-             Host::SetCallingApp("com.example.rides", 20010002);
-             ASSERT_EQ(
-                 StartQuietly(StartRecord(9, "DELIVERY", PickupLayoutForStart())).GetErrAsInt32(),
-                 0);
-             Host::SetCallingApp(kBundle, kUid);
-         },
-         1003500009,
-         {kBeginGetActive, readFailed + "1003500009"},
-         {NotificationErrorEvent("GetActiveNotificationByFilter", 0),
-          ServiceEvent("GetActiveLiveView", 1003500009)}},
-        {"read answered with a marshalling error",
-         [] { Host::FailNextCalls(ServiceCall::GET_ACTIVE, 0x4000009); },
-         1003500002,
-         {kBeginGetActive, readFailed + "1003500002"},
-         {NotificationErrorEvent("GetActiveNotificationByFilter", 0),
-          ServiceEvent("GetActiveLiveView", 1003500002)}},
-        {"caller without bundle name",
-         [] { Host::ClearCallingApp(); },
-         1003500001,
-         {kBeginGetActive,
-          "E [live_view_client.cpp:439] GetActiveNotification# Get current bundle name fail: "
-          "Get current bundle name failed, uid is -1.",
-          readFailed + "1003500001"},
-         {ServiceEvent("GetActiveLiveView", 1003500001)}},
+        std::string failure;  // the log line before the last, if any
+    } rows[] = {
+        {"held", 7, true, 0, ""},
+        {"unknown id", 9, true, 1003500009, ""},
+        {"caller without bundle name", 7, false, 1003500001,
+         "E [live_view_client.cpp:439] GetActiveNotification# Get current bundle name fail: Get "
+         "current bundle name failed, uid is -1."},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
         FreshHost();
-        ASSERT_NO_FATAL_FAILURE(row.arrange());
+        LiveView start = StartRecord(7);
+        SetCapsule(start, TextCapsuleForStart());
+        ASSERT_EQ(Quietly(start), 0);
+        if (!row.withBundle) {
+            Host::ClearCallingApp();
+        }
         LiveView record;
         record.SetId(Int(99));
         record.SetEvent("KEPT");
-        auto data = std::make_shared<LiveViewData>();
-        record.SetLiveViewData(data);
 
-        EXPECT_EQ(client_.GetActiveLiveView(9, record), row.code);
+        EXPECT_EQ(client_.GetActiveLiveView(row.id, record), row.code);
 
-        EXPECT_EQ(Text(record.GetId()), "99");
-        EXPECT_EQ(record.GetEvent(), "KEPT");
-        EXPECT_EQ(record.GetLiveViewData(), data);
-        EXPECT_EQ(data->GetPrimary(), nullptr);
-        EXPECT_EQ(record.GetTimer(), nullptr);
-        EXPECT_EQ(TakeLogs(), row.logs);
-        EXPECT_EQ(TakeSysEvents(), row.sysEvents);
-        EXPECT_EQ(TakeEndEvents(), std::vector<std::string>{
-                                       EndEvent("getActiveLiveView", 1, row.code, "KEPT", -1, -1)});
+        Lines logs = {kBeginGetActive};
+        Lines events = {ServiceEvent("GetActiveLiveView", row.code)};
+        if (!row.failure.empty()) {
+            logs.push_back(row.failure);
+        } else if (row.code != 0) {
+            // The read's error event names the failing call but carries 0.
+            events.insert(events.begin(),
+                          NotificationErrorEvent("GetActiveNotificationByFilter", 0));
+        }
+        if (row.code != 0) {
+            logs.push_back(
+                "E [live_view_client.cpp:769] GetActiveLiveView# PublishNotification error, code "
+                "is " +
+                std::to_string(row.code));
+        }
+        // The end event's event and kinds are those of the record as it is after the call.
+        ExpectReports(logs, events,
+                      row.code == 0 ? EndEvent("getActiveLiveView", 0, "DELIVERY", 4, 1)
+                                    : EndEvent("getActiveLiveView", row.code, "KEPT", -1, -1));
+        EXPECT_EQ(Text(record.GetId()), row.code == 0 ? "7" : "99");
+        EXPECT_EQ(record.GetEvent(), row.code == 0 ? "DELIVERY" : "KEPT");
+        EXPECT_EQ(record.GetLiveViewData() == nullptr, row.code != 0);
     }
 }
 
-class IsLiveViewEnabledTest : public ClientTest {};
-
-TEST_F(IsLiveViewEnabledTest, AnswersFollowTheSlotAndTheServiceNumbers) {
-    struct Row {
+TEST_F(QueryTest, EnabledFollowsTheSlotAndTheServiceAnswers) {
+    const struct {
         const char* label;
-        std::function<void()> arrange;
+        int slot;          // -1 never switched, else whether it is switched on
+        int32_t injected;  // the service's answer forced on the call; 0 for none
         int32_t code;
-        bool enabled;  // read only on success
-        std::vector<std::string> logs;
-        std::vector<std::string> sysEvents;
-    };
-    const std::string retLine =
-        "I [live_view_client.cpp:571] IsLiveViewEnabled# GetEnabledForBundleSlot ret is ";
-    const std::vector<Row> rows = {
-        {"slot enabled",
-         [] { Host::SetLiveViewSlotEnabled(kBundle, kUid, true); },
-         0,
-         true,
-         {},
-         {ServiceEvent("IsLiveViewEnabled", 0)}},
-        {"slot disabled",
-         [] { Host::SetLiveViewSlotEnabled(kBundle, kUid, false); },
-         0,
-         false,
-         {},
-         {ServiceEvent("IsLiveViewEnabled", 0)}},
-        {"slot never switched",
-         [] {},
-         0,
-         true,
-         {retLine + "67108888"},
-         {ServiceEvent("IsLiveViewEnabled", 0)}},
-        {"answer 67108888 injected",
-         [] {
-             Host::SetLiveViewSlotEnabled(kBundle, kUid, false);
-             Host::FailNextCalls(ServiceCall::GET_ENABLED, 67108888);
-         },
-         0,
-         true,
-         {retLine + "67108888"},
-         {ServiceEvent("IsLiveViewEnabled", 0)}},
-        {"answer 67108898 injected",
-         [] { Host::FailNextCalls(ServiceCall::GET_ENABLED, 67108898); },
-         1003500004,
-         false,
-         {retLine + "67108898"},
-         {NotificationErrorEvent("GetEnabledForBundleSlotSelf", 67108898),
-          ServiceEvent("IsLiveViewEnabled", 1003500004)}},
-        {"unknown answer injected",
-         [] { Host::FailNextCalls(ServiceCall::GET_ENABLED, 17); },
-         1003500001,
-         false,
-         {retLine + "17"},
-         {NotificationErrorEvent("GetEnabledForBundleSlotSelf", 17),
-          ServiceEvent("IsLiveViewEnabled", 1003500001)}},
+        bool enabled;  // looked at only on success
+    } rows[] = {
+        {"slot disabled", 0, 0, 0, false},
+        {"slot never switched", -1, 0, 0, true},
+        {"not allowed", 1, 67108898, 1003500004, false},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
         FreshHost();
-        row.arrange();
+        if (row.slot >= 0) {
+            Host::SetLiveViewSlotEnabled(kBundle, kUid, row.slot == 1);
+        }
+        if (row.injected != 0) {
+            Host::FailNextCalls(ServiceCall::GET_ENABLED, row.injected);
+        }
         bool enabled = !row.enabled;
 
-        const int code = client_.IsLiveViewEnabled(enabled);
+        EXPECT_EQ(client_.IsLiveViewEnabled(enabled), row.code);
 
-        EXPECT_EQ(code, row.code);
-        if (code == 0) {
+        if (row.code == 0) {
             EXPECT_EQ(enabled, row.enabled);
         }
-        EXPECT_EQ(TakeLogs(), row.logs);
-        EXPECT_EQ(TakeSysEvents(), row.sysEvents);
-        // There is no record: the event slot names the call and both kinds are -1.
-        EXPECT_EQ(TakeEndEvents(),
-                  std::vector<std::string>{EndEvent("isLiveViewEnabled", code == 0 ? 0 : 1,
-                                                    row.code, "isLiveViewEnabled", -1, -1)});
+        const int32_t answer = row.slot < 0 ? 67108888 : row.injected;
+        Lines events = {ServiceEvent("IsLiveViewEnabled", row.code)};
+        if (row.code != 0) {
+            events.insert(events.begin(),
+                          NotificationErrorEvent("GetEnabledForBundleSlotSelf", answer));
+        }
+        // There is no record: the end event's event names the call and both kinds are -1.
+        ExpectReports(answer == 0 ? Lines{}
+                                  : Lines{"I [live_view_client.cpp:571] IsLiveViewEnabled# "
+                                          "GetEnabledForBundleSlot ret is " +
+                                          std::to_string(answer)},
+                      events, EndEvent("isLiveViewEnabled", row.code, "isLiveViewEnabled", -1, -1));
     }
 }
 
 }  // namespace
-}  // namespace ClientTesting
-}  // namespace LiveView
-}  // namespace Wisp
-}  // namespace Tavi
+}  // namespace Tavi::Wisp::LiveView::ClientTesting

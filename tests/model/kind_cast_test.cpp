@@ -2,194 +2,88 @@
 // field, and copies take the class that they were constructed as.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
+#include <type_traits>
+#include <utility>
 
-#include "flight_layout.h"
-#include "navigation_layout.h"
-#include "pickup_layout.h"
-#include "progress_capsule.h"
-#include "progress_layout.h"
-#include "score_layout.h"
-#include "text_capsule.h"
-#include "timer_capsule.h"
+#include "live_view_manager.h"
 
-namespace Tavi {
-namespace Wisp {
-namespace LiveView {
+namespace Tavi::Wisp::LiveView {
 namespace {
 
 // A class of the application's own that derives from a kind is still that kind.
 class TaggedTextCapsule : public TextCapsule {};
 
-std::shared_ptr<TextCapsule> TitledText() {
-    auto text = std::make_shared<TextCapsule>();
-    text->SetType(CapsuleData::TEXT);
-    text->SetTitle(std::make_shared<std::string>("title"));
-    return text;
-}
-
-enum CapsuleKind { NOT_A_KIND, TEXT_KIND, TIMER_KIND, PROGRESS_KIND };
-
-TEST(CapsuleKindTest, HelpersAnswerTheRealClassOnly) {
-    struct Row {
-        const char* label;
-        std::function<std::shared_ptr<CapsuleData>()> make;
-        CapsuleKind expected;
-    };
-    const Row rows[] = {
-        {"empty pointer", [] { return std::shared_ptr<CapsuleData>(); }, NOT_A_KIND},
-        {"plain capsule", [] { return std::make_shared<CapsuleData>(); }, NOT_A_KIND},
-        {"plain capsule claiming text",
-         [] {
-             auto capsule = std::make_shared<CapsuleData>();
-             capsule->SetType(CapsuleData::TEXT);
-             return capsule;
-         },
-         NOT_A_KIND},
-        {"text", [] { return TitledText(); }, TEXT_KIND},
-        {"timer", [] { return std::make_shared<TimerCapsule>(); }, TIMER_KIND},
-        {"progress", [] { return std::make_shared<ProgressCapsule>(); }, PROGRESS_KIND},
-        {"text claiming timer",
-         [] {
-             auto text = TitledText();
-             text->SetType(CapsuleData::TIMER);
-             return text;
-         },
-         TEXT_KIND},
-        {"progress claiming an undefined type",
-         [] {
-             auto progress = std::make_shared<ProgressCapsule>();
-             progress->SetType(static_cast<CapsuleData::CapsuleType>(99));
-             return progress;
-         },
-         PROGRESS_KIND},
-        {"text sliced into a plain capsule",
-         [] { return std::make_shared<CapsuleData>(*TitledText()); }, NOT_A_KIND},
-        {"copy of a text capsule", [] { return std::make_shared<TextCapsule>(*TitledText()); },
-         TEXT_KIND},
-        {"application class derived from text",
-         [] { return std::make_shared<TaggedTextCapsule>(); }, TEXT_KIND},
-        {"text assigned over a plain capsule",
-         [] {
-             auto plain = std::make_shared<CapsuleData>();
-             *plain = *TitledText();
-             return plain;
-         },
-         NOT_A_KIND},
-        {"plain capsule assigned over a text through its base",
-         [] {
-             auto text = TitledText();
-             static_cast<CapsuleData&>(*text) = CapsuleData();
-             return text;
-         },
-         TEXT_KIND},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.label);
-        const std::shared_ptr<CapsuleData> capsule = row.make();
-        const auto text = AsTextCapsule(capsule);
-        const auto timer = AsTimerCapsule(capsule);
-        const auto progress = AsProgressCapsule(capsule);
-        EXPECT_EQ(text != nullptr, row.expected == TEXT_KIND);
-        EXPECT_EQ(timer != nullptr, row.expected == TIMER_KIND);
-        EXPECT_EQ(progress != nullptr, row.expected == PROGRESS_KIND);
-        if (text) {
-            EXPECT_EQ(text.get(), capsule.get());
-        }
-        if (timer) {
-            EXPECT_EQ(timer.get(), capsule.get());
-        }
-        if (progress) {
-            EXPECT_EQ(progress.get(), capsule.get());
+// The kinds that the helpers take the objects as, each checked to be the object itself.
+std::string KindsOf(const std::shared_ptr<CapsuleData>& capsule,
+                    const std::shared_ptr<LayoutData>& layout) {
+    const char* const names[] = {"text",   "timer",  "progress", "progress",
+                                 "pickup", "flight", "score",    "navigation"};
+    const void* const taken[] = {
+        AsTextCapsule(capsule).get(),     AsTimerCapsule(capsule).get(),
+        AsProgressCapsule(capsule).get(), AsProgressLayout(layout).get(),
+        AsPickupLayout(layout).get(),     AsFlightLayout(layout).get(),
+        AsScoreLayout(layout).get(),      AsNavigationLayout(layout).get()};
+    std::string kinds;
+    for (size_t i = 0; i < 8; ++i) {
+        if (taken[i] != nullptr) {
+            kinds += taken[i] == capsule.get() || taken[i] == layout.get() ? names[i] : "<another>";
+            kinds += " ";
         }
     }
+    return kinds;
 }
 
-TEST(CapsuleKindTest, CopiesKeepFieldsAndShareOwnershipWhereTheyShould) {
-    const auto text = TitledText();
-    const CapsuleData sliced(*text);
-    EXPECT_EQ(sliced.GetType(), CapsuleData::TEXT);
-
-    const auto copy = std::make_shared<TextCapsule>(*text);
-    EXPECT_EQ(copy->GetTitle(), text->GetTitle());
-
-    std::shared_ptr<CapsuleData> base = text;
-    const long before = text.use_count();
-    const auto taken = AsTextCapsule(base);
-    EXPECT_EQ(text.use_count(), before + 1);
-    base.reset();
-    EXPECT_EQ(*taken->GetTitle(), "title");
+// made, with its type field set to type.
+template <typename T>
+std::shared_ptr<T> Claiming(std::shared_ptr<T> made, int type) {
+    if constexpr (std::is_base_of_v<CapsuleData, T>) {
+        made->SetType(static_cast<CapsuleData::CapsuleType>(type));
+    } else {
+        made->SetLayoutType(static_cast<LayoutData::LayoutType>(type));
+    }
+    return made;
 }
 
-enum LayoutKind {
-    NO_KIND,
-    PROGRESS_LAYOUT,
-    PICKUP_LAYOUT,
-    FLIGHT_LAYOUT,
-    SCORE_LAYOUT,
-    NAV_LAYOUT
-};
+// A Target whose Base part is assigned from source.
+template <typename Target, typename Base, typename Source>
+std::shared_ptr<Base> AssignedOver(const Source& source) {
+    auto target = std::make_shared<Target>();
+    static_cast<Base&>(*target) = source;
+    return target;
+}
 
-TEST(LayoutKindTest, HelpersAnswerTheRealClassOnly) {
-    struct Row {
+TEST(KindCastTest, HelpersAnswerTheRealClassOnly) {
+    const struct {
         const char* label;
-        std::function<std::shared_ptr<LayoutData>()> make;
-        LayoutKind expected;
-    };
-    const Row rows[] = {
-        {"empty pointer", [] { return std::shared_ptr<LayoutData>(); }, NO_KIND},
-        {"plain layout", [] { return std::make_shared<LayoutData>(); }, NO_KIND},
-        {"plain layout claiming score",
-         [] {
-             auto layout = std::make_shared<LayoutData>();
-             layout->SetLayoutType(LayoutData::SCORE);
-             return layout;
-         },
-         NO_KIND},
-        {"progress", [] { return std::make_shared<ProgressLayout>(); }, PROGRESS_LAYOUT},
-        {"pickup", [] { return std::make_shared<PickupLayout>(); }, PICKUP_LAYOUT},
-        {"flight", [] { return std::make_shared<FlightLayout>(); }, FLIGHT_LAYOUT},
-        {"score", [] { return std::make_shared<ScoreLayout>(); }, SCORE_LAYOUT},
-        {"navigation", [] { return std::make_shared<NavigationLayout>(); }, NAV_LAYOUT},
-        {"pickup claiming navigation",
-         [] {
-             auto pickup = std::make_shared<PickupLayout>();
-             pickup->SetLayoutType(LayoutData::NAVIGATION);
-             return pickup;
-         },
-         PICKUP_LAYOUT},
-        {"score sliced into a plain layout",
-         [] { return std::make_shared<LayoutData>(ScoreLayout()); }, NO_KIND},
-        {"copy of a flight layout", [] { return std::make_shared<FlightLayout>(FlightLayout()); },
-         FLIGHT_LAYOUT},
-        {"navigation assigned over a plain layout",
-         [] {
-             auto plain = std::make_shared<LayoutData>();
-             *plain = NavigationLayout();
-             return plain;
-         },
-         NO_KIND},
-    };
-    for (const Row& row : rows) {
+        std::shared_ptr<CapsuleData> capsule;
+        std::shared_ptr<LayoutData> layout;
+        std::string expected;
+    } rows[] = {
+        {"empty pointers", nullptr, nullptr, ""},
+        {"plain objects claiming a kind",
+         Claiming(std::make_shared<CapsuleData>(), CapsuleData::TEXT),
+         Claiming(std::make_shared<LayoutData>(), LayoutData::SCORE), ""},
+        {"kinds claiming another kind",
+         Claiming(std::make_shared<TextCapsule>(), CapsuleData::TIMER),
+         Claiming(std::make_shared<PickupLayout>(), LayoutData::NAVIGATION), "text pickup "},
+        {"application class, progress layout", std::make_shared<TaggedTextCapsule>(),
+         std::make_shared<ProgressLayout>(), "text progress "},
+        {"copies", std::make_shared<TimerCapsule>(TimerCapsule()),
+         std::make_shared<ScoreLayout>(ScoreLayout()), "timer score "},
+        {"kinds sliced into plain objects", std::make_shared<CapsuleData>(TextCapsule()),
+         std::make_shared<LayoutData>(ScoreLayout()), ""},
+        {"kinds assigned over plain objects",
+         AssignedOver<CapsuleData, CapsuleData>(TimerCapsule()),
+         AssignedOver<LayoutData, LayoutData>(NavigationLayout()), ""},
+        {"plain objects assigned over kinds", AssignedOver<TextCapsule, CapsuleData>(CapsuleData()),
+         AssignedOver<NavigationLayout, LayoutData>(LayoutData()), "text navigation "}};
+    for (const auto& row : rows) {
         SCOPED_TRACE(row.label);
-        const std::shared_ptr<LayoutData> layout = row.make();
-        const void* const taken[] = {
-            AsProgressLayout(layout).get(),   AsPickupLayout(layout).get(),
-            AsFlightLayout(layout).get(),     AsScoreLayout(layout).get(),
-            AsNavigationLayout(layout).get(),
-        };
-        const LayoutKind kinds[] = {PROGRESS_LAYOUT, PICKUP_LAYOUT, FLIGHT_LAYOUT, SCORE_LAYOUT,
-                                    NAV_LAYOUT};
-        for (size_t i = 0; i < 5; ++i) {
-            SCOPED_TRACE(i);
-            EXPECT_EQ(taken[i], row.expected == kinds[i] ? layout.get() : nullptr);
-        }
+        EXPECT_EQ(KindsOf(row.capsule, row.layout), row.expected);
     }
 }
 
 }  // namespace
-}  // namespace LiveView
-}  // namespace Wisp
-}  // namespace Tavi
+}  // namespace Tavi::Wisp::LiveView

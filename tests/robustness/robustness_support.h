@@ -1,6 +1,6 @@
-// Shared by the robustness suites: hostile values (megabyte texts, lists of 100,000 entries,
-// pictures that report gigabytes, extreme numbers), record builders that pass every check of a
-// start, the answer of a check as one comparable value, and a fixture on a fresh, silent host.
+// Shared by the robustness suites: hostile values, answers as one comparable value, changes to a
+// start record that build one section, and a fixture on a fresh, silent host.
+// Thread-safety: test-only helpers; use from the test's own thread.
 #ifndef LIVE_VIEW_TESTS_ROBUSTNESS_SUPPORT_H
 #define LIVE_VIEW_TESTS_ROBUSTNESS_SUPPORT_H
 
@@ -10,7 +10,6 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -18,103 +17,75 @@
 #include "live_view_manager.h"
 #include "record_builders.h"
 
-namespace Tavi {
-namespace Wisp {
-namespace LiveView {
-namespace Robustness {
+namespace Tavi::Wisp::LiveView::Robustness {
 
 using namespace Builders;
 
-inline const std::string kBundle = "com.example.robust";
-constexpr int32_t kUid = 20030003;
-constexpr int64_t kStartMillis = 7000000;
-
-// Sizes of the hostile inputs.
 constexpr size_t kMegabytes = 4u * 1024u * 1024u;
 constexpr size_t kManyRuns = 100000;
 
-// ---------------------------------------------------------------------------------------------
-// Answers.
-
-// What a check or an operation answered: its code and its message.
-struct Answer {
-    int32_t code = 0;
-    std::string message;
-
-    bool operator==(const Answer& other) const {
-        return code == other.code && message == other.message;
-    }
-};
-
-inline void PrintTo(const Answer& answer, std::ostream* out) {
-    // Megabyte messages are shown by their size and ends only.
-    const std::string& m = answer.message;
-    *out << answer.code << " \"";
-    if (m.size() > 200) {
-        *out << m.substr(0, 80) << "...<" << m.size() << " bytes>..." << m.substr(m.size() - 80);
-    } else {
-        *out << m;
-    }
-    *out << "\"";
-}
+// What a check or an operation answered: its code, a space and its message.
+using Answer = std::string;
 
 inline Answer Of(const BaseRsp& rsp) {
-    return {rsp.GetErrAsInt32(), rsp.GetInfo()};
+    return std::to_string(rsp.GetErrAsInt32()) + " " + rsp.GetInfo();
 }
-
-inline Answer Success() {
-    return {0, ""};
-}
-
 inline Answer Invalid(const std::string& message) {
-    return {401, message};
+    return "401 " + message;
 }
+// The answer to a field over its length or count limit; what names the field and its type.
+inline Answer TooLong(const std::string& what) {
+    return Invalid("Parameter error. The type of " + what +
+                   " [or the parameter length exceeds the limit].");
+}
+const Answer kOk = "0 ";
 
-// ---------------------------------------------------------------------------------------------
-// Values.
+// Compares answers that may be megabytes long; a failure shows the start of the actual one.
+inline void ExpectAnswer(const Answer& actual, const Answer& expected) {
+    EXPECT_TRUE(actual == expected) << actual.substr(0, 300);
+}
 
 inline std::string Repeat(const std::string& piece, size_t times) {
     std::string text;
-    text.reserve(piece.size() * times);
-    for (size_t i = 0; i < times; ++i) {
+    while (times-- > 0) {
         text += piece;
     }
     return text;
 }
 
-// count runs of text, all with the same colour when one is given.
-inline std::vector<std::shared_ptr<RichText>> Runs(size_t count, const std::string& text,
-                                                   const std::string& color = "") {
-    std::vector<std::shared_ptr<RichText>> runs;
-    runs.reserve(count);
-    for (size_t i = 0; i < count; ++i) {
-        runs.push_back(TextRun(text, color));
+inline std::shared_ptr<PrimaryData> PrimaryOf(const LiveView& v) {
+    return LiveView::GetPrimaryData(v);
+}
+
+using Change = std::function<void(LiveView&)>;
+
+// Puts a section into a record, chosen by the section's type.
+struct Put {
+    void operator()(LiveView& v, const std::shared_ptr<LayoutData>& s) const { SetLayout(v, s); }
+    void operator()(LiveView& v, const std::shared_ptr<CapsuleData>& s) const { SetCapsule(v, s); }
+    void operator()(LiveView& v, const std::shared_ptr<ExtensionData>& s) const {
+        SetExtension(v, s);
     }
-    return runs;
-}
+    void operator()(LiveView& v, const std::shared_ptr<ExternalData>& s) const {
+        SetExternal(v, s);
+    }
+};
 
-// 46340 x 46340 one-byte pixels: 2,147,395,600 bytes reported, the largest square the host makes.
-inline std::shared_ptr<Media::PixelMap> HugePicture() {
-    return Picture(46340, 46340, Media::PixelFormat::ALPHA_8);
-}
-
-// ---------------------------------------------------------------------------------------------
-// Records: StartRecord() and the sections of record_builders.h pass every check of a start.
-
-inline std::shared_ptr<PrimaryData> PrimaryOf(const LiveView& liveView) {
-    return LiveView::GetPrimaryData(liveView);
-}
-
-// The start entry point's answer.
-inline Answer ValidateStart(const LiveView& liveView) {
-    return Of(LiveViewParamValidate::ValidateStartLiveViewParam(liveView, LiveView::START));
+// A change that puts make()'s start section, altered by alter, into the record.
+template <typename Make, typename Alter>
+Change With(Make make, Alter alter) {
+    return [make, alter](LiveView& v) {
+        auto section = make();
+        alter(*section);
+        Put()(v, section);
+    };
 }
 
 // One row of a table: a change to StartRecord() and the start entry point's answer to it.
 struct Case {
     std::string name;
-    std::function<void(LiveView&)> change;  // applied to StartRecord()
-    Answer expected;                        // the start entry point's answer
+    Change change;
+    Answer expected;
 };
 
 inline void RunCases(const std::vector<Case>& cases) {
@@ -122,31 +93,27 @@ inline void RunCases(const std::vector<Case>& cases) {
         SCOPED_TRACE(c.name);
         LiveView liveView = StartRecord();
         c.change(liveView);
-        EXPECT_EQ(ValidateStart(liveView), c.expected);
+        ExpectAnswer(
+            Of(LiveViewParamValidate::ValidateStartLiveViewParam(liveView, LiveView::START)),
+            c.expected);
     }
 }
 
-// ---------------------------------------------------------------------------------------------
-// The fixture: a fresh host whose log, system events and end events are discarded, the test app
-// calling, no rate limit and a manual clock.
-
+// A fresh host whose sinks discard, the test app calling, no rate limit and a manual clock.
 class RobustnessTest : public ::testing::Test {
 protected:
     void SetUp() override {
         Host::ResetAll();
         Host::SetAllModes(Host::SinkMode::DISCARD);
-        Host::SetCallingApp(kBundle, kUid);
+        Host::SetCallingApp("com.example.robust", 20030003);
         Host::SetRateLimit(0);
-        Host::SetClockMillis(kStartMillis);
+        Host::SetClockMillis(7000000);
     }
     void TearDown() override { Host::ResetAll(); }
 
     LiveViewClient client_;
 };
 
-}  // namespace Robustness
-}  // namespace LiveView
-}  // namespace Wisp
-}  // namespace Tavi
+}  // namespace Tavi::Wisp::LiveView::Robustness
 
 #endif  // LIVE_VIEW_TESTS_ROBUSTNESS_SUPPORT_H

@@ -1,196 +1,126 @@
-// Picture files as the front end reads them: a file that cannot be used makes the input unusable
-// with its place and reason (a FIFO is refused, not waited on); a file named again is read once
-// and shared; a list that validation refuses for its length is not decoded, however big its
-// pictures; the pictures of one input are bounded together.
+// Picture files as the front end reads them: a FIFO is refused with its place, not waited on; a
+// file is decoded into its colours, and a file named again is read once and shared, so an
+// overlong list of a big picture is not decoded again and again; the pictures of one input are
+// bounded together.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include <cstdint>
 #include <string>
 
-#include "live_view_param_validate.h"
-#include "progress_layout.h"
+#include "live_view_manager.h"
 #include "tools_test_support.h"
 
 namespace LiveViewToolsTest {
 namespace {
 
-using Tavi::Wisp::LiveView::AsProgressLayout;
-using Tavi::Wisp::LiveView::LiveView;
+using namespace Tavi::Wisp::LiveView;
 
-// The bits of a deflate stream, packed from the lowest bit of each byte.
-class BitWriter {
-public:
-    // The count lowest bits of value, lowest first: header fields.
-    void Bits(uint32_t value, int count) {
-        for (int i = 0; i < count; ++i) {
-            Bit((value >> i) & 1u);
-        }
-    }
-    // A Huffman code of count bits, highest first.
-    void Code(uint32_t code, int count) {
-        for (int i = count - 1; i >= 0; --i) {
-            Bit((code >> i) & 1u);
-        }
-    }
-    const std::string& Bytes() const { return bytes_; }
-
-private:
-    void Bit(uint32_t bit) {
-        if (used_ == 0) {
-            bytes_ += '\0';
-        }
-        bytes_.back() = static_cast<char>(bytes_.back() | (bit << used_));
-        used_ = (used_ + 1) % 8;
-    }
-
-    std::string bytes_;
-    int used_ = 0;
-};
-
-std::string BigEndian(uint32_t value) {
-    return {static_cast<char>(value >> 24), static_cast<char>(value >> 16),
-            static_cast<char>(value >> 8), static_cast<char>(value)};
+std::string BigEndian(uint32_t v) {
+    return {static_cast<char>(v >> 24), static_cast<char>(v >> 16), static_cast<char>(v >> 8),
+            static_cast<char>(v)};
 }
 
-uint32_t Crc32(const std::string& bytes) {
+std::string Chunk(const std::string& type, const std::string& data) {
     uint32_t crc = 0xFFFFFFFFu;
-    for (const char byte : bytes) {
+    for (const char byte : type + data) {
         crc ^= static_cast<unsigned char>(byte);
         for (int k = 0; k < 8; ++k) {
             crc = (crc >> 1) ^ (0xEDB88320u & (0u - (crc & 1u)));
         }
     }
-    return ~crc;
-}
-
-std::string Chunk(const std::string& type, const std::string& data) {
-    return BigEndian(static_cast<uint32_t>(data.size())) + type + data +
-           BigEndian(Crc32(type + data));
+    return BigEndian(static_cast<uint32_t>(data.size())) + type + data + BigEndian(~crc);
 }
 
 // A black grey PNG of width x height that compresses about a thousandfold: its image data is one
-// fixed-Huffman deflate block of a zero byte and back-references to it.
+// fixed-Huffman deflate block of a zero byte and copies of 258 bytes at distance 1.
 std::string BlackPng(uint32_t width, uint32_t height) {
-    const uint64_t rawBytes = static_cast<uint64_t>(height) * (width + 1);  // a filter byte a row
-    constexpr uint32_t LITERAL_ZERO = 0x30;                                 // 8 bits
-    constexpr uint32_t LENGTH_258 = 0xC5;  // 8 bits, then distance code 0 (distance 1), 5 bits
-    constexpr uint64_t LONGEST = 258;
-    BitWriter bits;
-    bits.Bits(1, 1);  // the final block
-    bits.Bits(1, 2);  // fixed Huffman codes
-    bits.Code(LITERAL_ZERO, 8);
-    uint64_t left = rawBytes - 1;
-    for (; left >= LONGEST; left -= LONGEST) {
-        bits.Code(LENGTH_258, 8);
-        bits.Code(0, 5);
+    std::string bits = {1, 1, 0};  // the final block, fixed codes
+    const auto code = [&bits](uint32_t value, int count) {
+        while (count-- > 0) {
+            bits += static_cast<char>((value >> count) & 1u);
+        }
+    };
+    const uint64_t raw = static_cast<uint64_t>(height) * (width + 1);  // a filter byte a row
+    code(0x30, 8);                                                     // the zero byte
+    for (uint64_t left = raw - 1; left > 0;) {
+        const bool copy = left >= 258;
+        copy ? code(0xC5u << 5, 13) : code(0x30, 8);
+        left -= copy ? 258 : 1;
     }
-    for (; left > 0; --left) {
-        bits.Code(LITERAL_ZERO, 8);
+    code(0, 7);  // the end of the block
+    std::string packed((bits.size() + 7) / 8, '\0');
+    for (size_t i = 0; i < bits.size(); ++i) {
+        packed[i / 8] = static_cast<char>(packed[i / 8] | bits[i] << (i % 8));
     }
-    bits.Code(0, 7);  // end of block
-    const uint32_t adler = static_cast<uint32_t>(rawBytes % 65521) << 16 | 1u;
-    const std::string zlib = std::string("\x78\x01") + bits.Bytes() + BigEndian(adler);
-    const std::string header =
-        BigEndian(width) + BigEndian(height) + std::string("\x08\0\0\0\0", 5);
-    return std::string("\x89PNG\r\n\x1a\n", 8) + Chunk("IHDR", header) + Chunk("IDAT", zlib) +
-           Chunk("IEND", "");
+    const std::string zlib = "\x78\x01" + packed + BigEndian((raw % 65521) << 16 | 1u);
+    return std::string("\x89PNG\r\n\x1a\n", 8) +
+           Chunk("IHDR", BigEndian(width) + BigEndian(height) + std::string("\x08\0\0\0\0", 5)) +
+           Chunk("IDAT", zlib) + Chunk("IEND", "");
 }
 
-std::string FileItems(const std::string& file, int count) {
+// A start record that passes every check up to its progress layout's node icons, the files.
+std::string WithNodeIcons(const std::vector<std::string>& files) {
     std::string items;
-    for (int i = 0; i < count; ++i) {
-        items += std::string(i == 0 ? "" : ", ") + R"({"file": ")" + file + "\"}";
+    for (const auto& file : files) {
+        items += (items.empty() ? "" : ", ") + std::string(R"({"file": ")") + file + "\"}";
     }
-    return items;
-}
-
-// A start record that passes every check up to its progress layout's node icons.
-std::string ProgressWithNodeIcons(const std::string& items) {
     return R"({"id": 1, "event": "E", "liveViewData": {"primary": {"title": "t",
         "content": [{"text": "x"}], "clickAction": {"target": "a/B"},
         "layoutData": {"layoutType": 3, "progress": 1, "nodeIcons": [)" +
            items + "]}}}}";
 }
 
-TEST(FrontEndPictureFileTest, AFileThatCannotBeUsedMakesTheInputUnusable) {
+// The column of the last file item of a WithNodeIcons() text, on its third line.
+std::string Column(const std::string& text) {
+    return std::to_string(text.rfind("{\"file\"") - text.rfind('\n'));
+}
+
+// A FIFO named as a picture file is refused with its place, not waited on.
+TEST(FrontEndPictureFileTest, AFifoIsRefusedNotWaitedOn) {
     ScratchDir dir;
-    dir.Write("fake.png", "GIF89a, not a PNG at all");
-    dir.Write("cut.png", std::string("\x89PNG\r\n\x1a\n\0\0\0\x0dIHDR", 16));
     ASSERT_EQ(::mkfifo(dir.Path("fifo.png").c_str(), 0600), 0);
-    const struct {
-        std::string file;
-        std::string reason;
-    } rows[] = {
-        {dir.Path("fake.png"), "not a PNG file"},  {dir.Path("cut.png"), "damaged PNG: "},
-        {dir.Path("missing.png"), "no such file"}, {dir.Path("fifo.png"), "not a regular file"},
-        {dir.Path(""), "not a regular file"},
-    };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.file);
-        const std::string text = R"({"liveViewData": {"primary": {"layoutData": {"layoutType": 4,
-            "descPic": {"file": ")" +
-                                 row.file + "\"}}}}}";
-        LiveView liveView;
-        LiveViewJson::InputError error;
-        EXPECT_FALSE(ReadFromText(text, liveView, &error));
-        const std::string expected =
-            "test.json:2:24: layoutData.descPic: picture file " + row.file + ": " + row.reason;
-        EXPECT_EQ(error.ToString().substr(0, expected.size()), expected);
-    }
-}
-
-TEST(FrontEndPictureFileTest, AFileNamedAgainIsReadOnceAndShared) {
-    const std::string node = ExamplePath("images/node.png");
+    const std::string text = WithNodeIcons({dir.Path("fifo.png")});
     LiveView liveView;
-    ASSERT_TRUE(ReadFromText(
-        ProgressWithNodeIcons(FileItems("../images/node.png", 2) + ", " + FileItems(node, 1) +
-                              ", " + FileItems("../liveviews/../images/node.png", 1)),
-        liveView));
-    const auto icons = AsProgressLayout(LiveView::GetLayoutData(liveView))->GetNodeIcons();
-    ASSERT_EQ(icons.size(), 4u);
-    for (const auto& icon : icons) {
-        EXPECT_EQ(icon, icons[0]);
-    }
-    EXPECT_EQ(icons[0]->GetByteCount(), 24 * 24 * 4);
-    EXPECT_EQ(icons[0]->GetPixels()[3], 0);  // decoded: a transparent corner
+    LiveViewJson::InputError error;
+    EXPECT_FALSE(ReadFromText(text, liveView, &error));
+    EXPECT_EQ(error.ToString(), "test.json:3:" + Column(text) +
+                                    ": layoutData.nodeIcons[0]: picture file " +
+                                    dir.Path("fifo.png") + ": not a regular file");
 }
 
-TEST(FrontEndPictureFileTest, ABigPictureRepeatedInAnOverlongListIsNotDecoded) {
+TEST(FrontEndPictureFileTest, PicturesAreDecodedOnceAndBoundedTogether) {
+    const std::string node = ExamplePath("images/node.png");
+    LiveView small;
+    ASSERT_TRUE(ReadFromText(WithNodeIcons({node, "../images/node.png"}), small));
+    const auto nodes = AsProgressLayout(LiveView::GetLayoutData(small))->GetNodeIcons();
+    ASSERT_EQ(nodes.size(), 2u);
+    EXPECT_EQ(nodes[1], nodes[0]);
+    const uint8_t* centre = nodes[0]->GetPixels() + nodes[0]->GetRowBytes() * 12 + 4 * 12;
+    EXPECT_EQ(std::string(centre, centre + 4), "\x1E\x88\xE5\xFF");  // the disc's opaque blue
+    EXPECT_EQ(nodes[0]->GetPixels()[3], 0);                          // a transparent corner
+
     ScratchDir dir;
     const std::string big = dir.Write("big.png", BlackPng(4000, 4000));  // 64,000,000 decoded
     LiveView liveView;
     LiveViewJson::InputError error;
-    ASSERT_TRUE(ReadFromText(ProgressWithNodeIcons(FileItems(big, 64)), liveView, &error))
+    ASSERT_TRUE(ReadFromText(WithNodeIcons(std::vector<std::string>(64, big)), liveView, &error))
         << error.ToString();
     const auto icons = AsProgressLayout(LiveView::GetLayoutData(liveView))->GetNodeIcons();
     ASSERT_EQ(icons.size(), 64u);
-    for (const auto& icon : icons) {
-        EXPECT_EQ(icon, icons[0]);
-    }
+    EXPECT_EQ(icons[63], icons[0]);
     EXPECT_EQ(icons[0]->GetByteCount(), 64000000);
-    const auto rsp = Tavi::Wisp::LiveView::LiveViewParamValidate::ValidateStartLiveViewParam(
-        liveView, LiveView::START);
-    EXPECT_EQ(rsp.GetErrAsInt32(), 401);
-    EXPECT_EQ(rsp.GetInfo(),
-              "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | "
-              "image.PixelMap> [or the parameter length exceeds the limit].");
-}
+    EXPECT_EQ(
+        LiveViewParamValidate::ValidateStartLiveViewParam(liveView, LiveView::START).GetInfo(),
+        "Parameter error. The type of layoutData.nodeIcons mustbe Array<string | "
+        "image.PixelMap> [or the parameter length exceeds the limit].");
 
-TEST(FrontEndPictureFileTest, ThePicturesOfOneInputAreBoundedTogether) {
-    ScratchDir dir;
-    const std::string png = BlackPng(4000, 4000);
-    std::string items;
-    for (const char* name : {"a.png", "b.png", "c.png"}) {
-        items += (items.empty() ? "" : ", ") + FileItems(dir.Write(name, png), 1);
-    }
-    const std::string text = ProgressWithNodeIcons(items);
-    LiveView liveView;
-    LiveViewJson::InputError error;
+    const std::string text = WithNodeIcons(
+        {big, dir.Write("b.png", BlackPng(4000, 4000)), dir.Write("c.png", BlackPng(4000, 4000))});
     EXPECT_FALSE(ReadFromText(text, liveView, &error));
     EXPECT_EQ(error.ToString(),
-              "test.json:3:" + std::to_string(text.rfind("{\"file\"") - text.rfind('\n')) +
-                  ": layoutData.nodeIcons[2]: picture file " + dir.Path("c.png") +
+              "test.json:3:" + Column(text) + ": layoutData.nodeIcons[2]: picture file " +
+                  dir.Path("c.png") +
                   ": the pictures of this input would take more than 128 MiB decoded");
 }
 

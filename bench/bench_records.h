@@ -25,7 +25,7 @@ const char* LayoutName(int kindIndex);
 LV::CapsuleData::CapsuleType CapsuleKindFor(int kindIndex);
 const char* CapsuleName(LV::CapsuleData::CapsuleType type);
 
-// The shared full record of kindIndex (full_records.h): every section, every field set.
+// The full record of kindIndex (full_records.h): every section, every field set.
 std::unique_ptr<LV::LiveView> MakeFullRecord(int kindIndex, int id);
 
 // The shared small start record (record_builders.h): primary data with one run and a pickup

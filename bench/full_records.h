@@ -1,10 +1,10 @@
 // Full, valid live view records: every section present and every field set, pictures in both
-// forms across the sections, each record passing every check of a start. One builder serves the
-// tests, the benchmarks and the fuzzers' seeds, so that all three exercise the same records.
+// forms across the sections, each record passing every check of a start: what the benchmarks
+// send. They are built with the tests' section builders (tests/support/record_builders.h).
 //
 // Thread safety: each call builds a record of its own.
-#ifndef LIVE_VIEW_TESTS_FULL_RECORDS_H
-#define LIVE_VIEW_TESTS_FULL_RECORDS_H
+#ifndef LIVE_VIEW_BENCH_FULL_RECORDS_H
+#define LIVE_VIEW_BENCH_FULL_RECORDS_H
 
 #include <memory>
 #include <vector>
@@ -38,4 +38,4 @@ std::unique_ptr<LiveView> FullRecord(const FullRecordKinds& kinds, int id);
 }  // namespace Wisp
 }  // namespace Tavi
 
-#endif  // LIVE_VIEW_TESTS_FULL_RECORDS_H
+#endif  // LIVE_VIEW_BENCH_FULL_RECORDS_H

@@ -130,12 +130,13 @@ size_t FormatConversion(const char* fmt, size_t i, va_list& args, std::string& o
             }
             break;
         case 's': {
-            const char* text = va_arg(args, const char*);
+            const char* argument = va_arg(args, const char*);
+            const char* text = argument == nullptr ? "(null)" : argument;
             if (conversionSpec == "%s") {
                 // The common case, and the one that carries long texts: no formatting to do.
-                value.append(text == nullptr ? "(null)" : text);
+                value.append(text);
             } else {
-                AppendValue(value, conversionSpec, text == nullptr ? "(null)" : text);
+                AppendValue(value, conversionSpec, text);
             }
             break;
         }

@@ -63,6 +63,11 @@ private:
     bool Value(JsonValue& out, int depth, const PathLink* at);
     bool Object(JsonValue& out, int depth, const PathLink* at);
     bool Array(JsonValue& out, int depth, const PathLink* at);
+    // What follows an element of an object or array that `close` ends: END when `close` comes,
+    // MORE when a ',' comes (both consumed, and the space after a ','), FAILED with a syntax
+    // error naming the element (`element`) otherwise.
+    enum class Next { END, MORE, FAILED };
+    Next AfterElement(char close, const char* element);
     bool String(std::string& out);
     bool Escape(size_t open, std::string& out);
     bool Number(JsonValue& out);
@@ -185,17 +190,10 @@ bool Parser::Object(JsonValue& out, int depth, const PathLink* at) {
             return false;
         }
         out.Add(std::move(name), std::move(value), namePlace);
-        SkipSpace();
-        if (Peek() == '}') {
-            ++pos_;
-            return true;
+        const Next next = AfterElement('}', "an object member");
+        if (next != Next::MORE) {
+            return next == Next::END;
         }
-        if (Peek() != ',') {
-            return Syntax(pos_,
-                          "expected ',' or '}' after an object member, found " + Describe(pos_));
-        }
-        ++pos_;
-        SkipSpace();
         expectName = "expected a member name after ',', found ";
     }
 }
@@ -215,21 +213,30 @@ bool Parser::Array(JsonValue& out, int depth, const PathLink* at) {
             return false;
         }
         out.Append(std::move(item));
-        SkipSpace();
-        if (Peek() == ']') {
-            ++pos_;
-            return true;
+        const Next next = AfterElement(']', "an array element");
+        if (next != Next::MORE) {
+            return next == Next::END;
         }
-        if (Peek() != ',') {
-            return Syntax(pos_,
-                          "expected ',' or ']' after an array element, found " + Describe(pos_));
-        }
-        ++pos_;
-        SkipSpace();
         if (Peek() == ']') {
             return Syntax(pos_, "expected a value after ',', found ']'");
         }
     }
+}
+
+Parser::Next Parser::AfterElement(char close, const char* element) {
+    SkipSpace();
+    if (Peek() == close) {
+        ++pos_;
+        return Next::END;
+    }
+    if (Peek() != ',') {
+        Syntax(pos_, std::string("expected ',' or '") + close + "' after " + element + ", found " +
+                         Describe(pos_));
+        return Next::FAILED;
+    }
+    ++pos_;
+    SkipSpace();
+    return Next::MORE;
 }
 
 bool Parser::String(std::string& out) {

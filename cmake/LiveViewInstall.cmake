@@ -27,6 +27,7 @@ set(LV_CONTROL_HEADERS
     ${PROJECT_SOURCE_DIR}/host_platform/hilog/internal/log_sink.h
     ${PROJECT_SOURCE_DIR}/host_platform/hisysevent/internal/sys_event_sink.h
     ${PROJECT_SOURCE_DIR}/host_platform/notification/internal/notification_service.h
+    ${PROJECT_SOURCE_DIR}/host_platform/notification/internal/service_backend.h
     ${PROJECT_SOURCE_DIR}/host_platform/utils/internal/record_sink.h)
 
 # The targets name their headers by build-tree folders only; add where they are once installed.
@@ -72,10 +73,20 @@ install(EXPORT LiveViewTargets
 set(LV_PACKAGE_DIR ${PROJECT_BINARY_DIR}/package)
 file(WRITE ${LV_PACKAGE_DIR}/LiveViewConfig.cmake
 "# find_package(LiveView CONFIG): the live view library, its utility library and the host
-# platform with the embedded notification service, as LiveView:: targets.
+# platform with the embedded notification service and its remote mode, as LiveView:: targets.
 include(CMakeFindDependencyMacro)
 find_dependency(Threads)
 find_dependency(cJSON)
+# host_notification links Debian's cpp-httplib by its plain name: look for it here, so that a
+# machine without it fails at find_package with the reason instead of at link time.
+find_library(LiveView_CPP_HTTPLIB_LIBRARY cpp-httplib)
+mark_as_advanced(LiveView_CPP_HTTPLIB_LIBRARY)
+if(NOT LiveView_CPP_HTTPLIB_LIBRARY)
+    set(LiveView_FOUND FALSE)
+    set(LiveView_NOT_FOUND_MESSAGE
+        \"the cpp-httplib library is missing (Debian package libcpp-httplib-dev)\")
+    return()
+endif()
 include(\"\${CMAKE_CURRENT_LIST_DIR}/LiveViewTargets.cmake\")
 ")
 write_basic_package_version_file(${LV_PACKAGE_DIR}/LiveViewConfigVersion.cmake
@@ -99,7 +110,7 @@ includedir=\${prefix}/${CMAKE_INSTALL_INCLUDEDIR}
 Name: liveview
 Description: Live view client library with the host platform and its embedded notification service
 Version: ${PROJECT_VERSION}
-Requires: libcjson
+Requires: libcjson cpp-httplib
 Cflags: -I\${includedir}/liveview -I\${includedir}/liveview/host_control
 Libs: -L\${libdir} ${LV_PC_LIBS} -pthread
 ")

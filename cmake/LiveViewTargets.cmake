@@ -52,3 +52,13 @@ function(lv_fuzzer name)
     target_compile_options(${name} PRIVATE ${LV_WARNINGS} -fsanitize=fuzzer)
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()
+
+# lv_use_httplib(TARGET): compiles and links TARGET privately against Debian's cpp-httplib. That
+# package is a split build: the header must be compiled with the defines that the shared library
+# was built with (pkg-config gives them), or the two disagree on the classes' layout.
+function(lv_use_httplib target)
+    find_package(PkgConfig REQUIRED)
+    pkg_check_modules(HTTPLIB REQUIRED cpp-httplib)
+    target_compile_options(${target} PRIVATE ${HTTPLIB_CFLAGS_OTHER})
+    target_link_libraries(${target} PRIVATE ${HTTPLIB_LIBRARIES} Threads::Threads)
+endfunction()

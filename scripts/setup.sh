@@ -4,7 +4,8 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev lld googletest libgtest-dev libgmock-dev
           libbenchmark-dev libcjson-dev libcli11-dev libpng-dev pkg-config clang-format
-          chromium chromium-driver python3-selenium python3-jsonschema)
+          chromium chromium-driver python3-selenium python3-jsonschema
+          libcpp-httplib-dev libssl-dev zlib1g-dev libbrotli-dev libsqlite3-dev sqlite3)
 
 missing=()
 for p in "${packages[@]}"; do

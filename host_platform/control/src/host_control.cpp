@@ -6,8 +6,8 @@ namespace Tavi {
 namespace Host {
 
 namespace {
-NotificationService& Service() {
-    return NotificationService::Instance();
+ServiceBackend& Service() {
+    return ActiveService();
 }
 }  // namespace
 

@@ -1,4 +1,5 @@
-// Host-internal: the embedded notification service behind NotificationHelper, one per process.
+// Host-internal: the embedded notification service, one per process, behind NotificationHelper
+// unless the process talks to a simulator (service_backend.h).
 //
 // It keeps its own deep copy of every request it accepts, per app (bundle name and uid), and
 // enforces the slot switch, the per-app publish rate, the create/update/end order and versions.
@@ -20,72 +21,45 @@
 #include <vector>
 
 #include "notification_helper.h"
+#include "service_backend.h"
 
 namespace Tavi {
 namespace Host {
 
-// The calls into the service that a fault can be injected into.
-enum class ServiceCall {
-    PUBLISH,
-    SUBSCRIBE,
-    GET_ACTIVE,
-    GET_ENABLED,
-};
-
-struct AppId {
-    std::string bundleName;
-    int32_t uid = -1;
-    bool operator<(const AppId& other) const {
-        return std::tie(bundleName, uid) < std::tie(other.bundleName, other.uid);
-    }
-    bool operator==(const AppId& other) const {
-        return bundleName == other.bundleName && uid == other.uid;
-    }
-};
-
-// One call of PublishNotification, accepted or not.
-struct PublishRecord {
-    AppId app;
-    sptr<Notification::NotificationRequest> request;  // the service's copy of what was sent
-    int32_t result = 0;
-    int64_t atMillis = 0;  // service clock
-};
-
-// One live view as the service holds it now.
-struct HeldLiveView {
-    AppId app;
-    int32_t id = 0;
-    bool ended = false;
-    sptr<Notification::NotificationRequest> request;  // a copy; changing it changes nothing
-};
-
-class NotificationService {
+class NotificationService : public ServiceBackend {
 public:
     static NotificationService& Instance();
 
-    Notification::ErrCode Publish(const Notification::NotificationRequest& request);
-    Notification::ErrCode Subscribe(Notification::NotificationLocalLiveViewSubscriber* subscriber);
+    Notification::ErrCode Publish(const Notification::NotificationRequest& request) override;
+    Notification::ErrCode Subscribe(
+        Notification::NotificationLocalLiveViewSubscriber* subscriber) override;
     Notification::ErrCode GetActive(const Notification::LiveViewFilter& filter,
-                                    sptr<Notification::NotificationRequest>& request);
+                                    sptr<Notification::NotificationRequest>& request) override;
     Notification::ErrCode GetEnabled(const Notification::NotificationConstant::SlotType& slotType,
-                                     bool& enabled);
+                                     bool& enabled) override;
 
     // Controls.
-    void Reset();
-    void SetSlotEnabled(const AppId& app, bool enabled);
-    void FailNext(ServiceCall call, int32_t errorNumber, int times);
-    void SetRateLimit(int perSecond);
-    void SetClockMillis(int64_t millis);
-    void AdvanceClock(int64_t millis);
-    void UseRealClock();
-    int64_t ClockMillis();
-    void SetPublishRecording(bool enabled);
-    std::vector<PublishRecord> Published();
-    std::vector<HeldLiveView> Held();
+    void Reset() override;
+    void SetSlotEnabled(const AppId& app, bool enabled) override;
+    void FailNext(ServiceCall call, int32_t errorNumber, int times) override;
+    void SetRateLimit(int perSecond) override;
+    void SetClockMillis(int64_t millis) override;
+    void AdvanceClock(int64_t millis) override;
+    void UseRealClock() override;
+    int64_t ClockMillis() override;
+    void SetPublishRecording(bool enabled) override;
+    std::vector<PublishRecord> Published() override;
+    std::vector<HeldLiveView> Held() override;
     // The app's live view under id, copied into held; false when there is none.
-    bool HeldOf(const AppId& app, int32_t id, HeldLiveView& held);
-    Notification::ErrCode PressButton(const AppId& app, int32_t id, const std::string& buttonName);
-    void Die();
+    bool HeldOf(const AppId& app, int32_t id, HeldLiveView& held) override;
+    Notification::ErrCode PressButton(const AppId& app, int32_t id,
+                                      const std::string& buttonName) override;
+    void Die() override;
+
+    // Puts back a live view that a restarted simulator had stored: app holds request under its id,
+    // ended or not; an ended one stays for its auto-deleted time counted from now. Replaces what
+    // app held under that id.
+    void Restore(const AppId& app, const Notification::NotificationRequest& request, bool ended);
 
 private:
     struct Stored {
@@ -103,7 +77,6 @@ private:
     using Subscriber = Notification::NotificationLocalLiveViewSubscriber*;
 
     NotificationService() = default;
-    bool CallerApp(AppId& app) const;
     // Consumes one injected fault of call; true with the number to answer when there is one.
     bool TakeFault(ServiceCall call, int32_t& errorNumber);
     int64_t NowLocked() const;

@@ -113,7 +113,7 @@ NotificationService& NotificationService::Instance() {
     return *service;
 }
 
-bool NotificationService::CallerApp(AppId& app) const {
+bool CallingApp(AppId& app) {
     app.uid = IPCSkeleton::GetCallingUid();
     return AppExecFwk::BundleMgrClient().GetNameForUid(app.uid, app.bundleName);
 }
@@ -180,7 +180,7 @@ ErrCode NotificationService::Publish(const NotificationRequest& request) {
     std::lock_guard<std::mutex> lock(mutex_);
     const int64_t now = NowLocked();
     ErrCode result =
-        CallerApp(app) ? PublishLocked(app, request, now) : Notification::ERR_ANS_INVALID_PARAM;
+        CallingApp(app) ? PublishLocked(app, request, now) : Notification::ERR_ANS_INVALID_PARAM;
     Record(app, request, result, now);
     return result;
 }
@@ -257,7 +257,7 @@ ErrCode NotificationService::Subscribe(
             return injected;
         }
         AppId app;
-        if (subscriber == nullptr || !CallerApp(app)) {
+        if (subscriber == nullptr || !CallingApp(app)) {
             return Notification::ERR_ANS_INVALID_PARAM;
         }
         auto& list = subscribers_[app];
@@ -277,7 +277,7 @@ ErrCode NotificationService::GetActive(const Notification::LiveViewFilter& filte
         return injected;
     }
     AppId caller;
-    if (filter.bundle.GetBundleName().empty() || !CallerApp(caller)) {
+    if (filter.bundle.GetBundleName().empty() || !CallingApp(caller)) {
         return Notification::ERR_ANS_INVALID_PARAM;
     }
     const AppId asked{filter.bundle.GetBundleName(), filter.bundle.GetUid()};
@@ -308,7 +308,7 @@ ErrCode NotificationService::GetEnabled(
         return injected;
     }
     AppId app;
-    if (!CallerApp(app)) {
+    if (!CallingApp(app)) {
         return Notification::ERR_ANS_INVALID_PARAM;
     }
     auto slot = slotEnabled_.find(app);
@@ -454,6 +454,21 @@ void NotificationService::Die() {
     }
     for (Subscriber subscriber : listeners) {
         subscriber->OnDied();
+    }
+}
+
+void NotificationService::Restore(const AppId& app, const NotificationRequest& request,
+                                  bool ended) {
+    std::lock_guard<std::mutex> lock(mutex_);
+    const int32_t id = request.GetNotificationId();
+    auto& views = liveViews_[app];
+    auto existing = views.find(id);
+    if (existing != views.end()) {
+        ForgetExpiryLocked(app, id, existing->second);
+    }
+    Stored& stored = views[id] = Stored{request.Clone(), false, 0};
+    if (ended) {
+        EndLocked(app, id, stored, NowLocked());
     }
 }
 

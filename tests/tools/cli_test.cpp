@@ -74,7 +74,7 @@ TEST(CliTest, UnusableInputExitsTwoWithOneLine) {
         {{"play", badRef}, badRef + ":1:12: step #1: steps[0].start: " + malformed + syntax},
         {{"play", missing}, missing + ": no such file"},
         {{"frobnicate", "x"},
-         "unknown verb \"frobnicate\"; the verbs are validate, convert, play, preview, help "
+         "unknown verb \"frobnicate\"; the verbs are validate, convert, play, preview, serve, help "
          "(liveview --help)"},
     };
     for (const auto& row : rows) {

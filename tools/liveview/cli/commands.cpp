@@ -160,15 +160,21 @@ int RunPlay(const PlayRequest& request, std::ostream& out, std::ostream& err) {
     if (!usable) {
         return report.Unusable(error);
     }
+    const bool shared = !request.play.service.empty();
+    std::string serviceError;
+    if (shared && !Tavi::Host::UseRemoteService(request.play.service, serviceError)) {
+        err << "liveview: --service: " << serviceError << '\n';
+        return STATUS_UNUSABLE;
+    }
     if (!report.IsJson()) {
         TextPlayReport text(request.play, out);
-        const bool asExpected = PlayScenario(scenario, text);
+        const bool asExpected = PlayScenario(scenario, text, shared);
         text.Finish(asExpected);
         return report.Done(asExpected ? STATUS_OK : STATUS_REFUSED);
     }
     JsonValue& steps = report.Document().Add("steps", JsonValue::Array());
     JsonPlayReport json(steps);
-    const bool asExpected = PlayScenario(scenario, json);
+    const bool asExpected = PlayScenario(scenario, json, shared);
     report.Document().Add("asExpected", JsonValue::Boolean(asExpected));
     const Refusal last{json.LastCode(), json.LastMessage(), "", "", ""};
     return asExpected ? report.Accepted("", "every answer as expected") : report.Refused(last);

@@ -9,6 +9,7 @@
 
 #include "commands.h"
 #include "preview.h"
+#include "serve.h"
 
 namespace {
 
@@ -103,6 +104,9 @@ int main(int argc, char** argv) {
         "advanceClock, pressButton, setSlotEnabled, setRateLimit, failNext. A step may add "
         "\"expect\": CODE; the first step that answers another code ends the play with exit "
         "status 1.");
+    play->add_option("--service", playRequest.play.service,
+                     "Play against the running simulator at this address (as `liveview serve` "
+                     "prints it) instead of a fresh embedded service; its clock is left as it is");
     play->add_flag("--events", playRequest.play.events, "Also print system events and end events");
     play->add_flag("-v,--verbose", playRequest.play.logLines, "Also print the log lines");
     AddInputOptions(play, playRequest.verb);
@@ -110,6 +114,28 @@ int main(int argc, char** argv) {
     // The preview verb (preview.h): options, then its dispatch below the parse.
     LiveViewCli::PreviewOptions previewOptions;
     CLI::App* preview = LiveViewCli::AddPreviewVerb(app, previewOptions);
+
+    LiveViewSimulator::ServeOptions serveOptions;
+    CLI::App* serve = app.add_subcommand(
+        "serve",
+        "Run the simulator: the notification service in this process for every app that "
+        "connects, on 127.0.0.1 only, with a live page of what it shows and an HTTP API. Prints "
+        "the page's address with the run's token; apps connect with "
+        "LIVEVIEW_SERVICE=<that address>. Stops on Ctrl-C.");
+    serve->add_option("--port", serveOptions.port, "Port on 127.0.0.1 (default 7007; 0: any free)")
+        ->check(CLI::Range(0, 65535));
+    serve->add_option("--db", serveOptions.databasePath,
+                      "SQLite file that keeps held live views, slot switches and the publish "
+                      "history across restarts (default: in memory)");
+    serve->add_option("--res", serveOptions.resourceDir,
+                      "Folder of resource pictures: \"res://name\" is drawn from DIR/name.png");
+    serve->add_option("--token-file", serveOptions.tokenFile,
+                      "Where to write the run's token (default ~/.liveview/serve-PORT.token, "
+                      "mode 0600)");
+    serve->footer(
+        "Exit status: 0 after Ctrl-C or SIGTERM, 2 when it cannot start (the reason "
+        "on standard error). The API and the database are described in "
+        "docs/simulator.md.");
 
     std::vector<std::string> helpTopic;
     CLI::App* help = app.add_subcommand("help", "Show this help, or a verb's: help VERB");
@@ -144,6 +170,9 @@ int main(int argc, char** argv) {
         std::cerr << "liveview: unknown verb \"" << helpTopic.front() << "\"; the verbs are "
                   << VerbNames(app) << '\n';
         return LiveViewCli::STATUS_UNUSABLE;
+    }
+    if (serve->parsed()) {
+        return LiveViewSimulator::Serve(serveOptions, std::cout, std::cerr);
     }
     if (preview->parsed()) {
         return LiveViewCli::RunPreview(previewOptions, std::cout, std::cerr);

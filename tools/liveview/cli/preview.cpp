@@ -192,6 +192,59 @@ bool PreviewScenario(const PreviewOptions& options, const std::string& heading, 
     return true;
 }
 
+// Writes page to options.output, or to out when there is none; false when it cannot be written.
+bool WritePage(const PreviewOptions& options, const std::string& page, std::ostream& out,
+               std::ostream& err) {
+    if (options.output.empty()) {
+        out << page;
+        return true;
+    }
+    std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
+    file << page;
+    file.close();
+    if (!file) {
+        err << "liveview: " << options.output << ": cannot be written\n";
+        return false;
+    }
+    return true;
+}
+
+// What a running simulator holds for the app under the id, drawn; a refusal panel when nothing.
+int PreviewFromService(const PreviewOptions& options, std::ostream& out, std::ostream& err) {
+    std::string error;
+    if (options.bundle.empty()) {
+        err << "liveview: preview --service needs --app, the bundle name of the live view's app\n";
+        return STATUS_UNUSABLE;
+    }
+    if (!Tavi::Host::UseRemoteService(options.service, error)) {
+        err << "liveview: --service: " << error << '\n';
+        return STATUS_UNUSABLE;
+    }
+    Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
+    const std::string heading = options.bundle + " \xC2\xB7 " + std::to_string(options.id);
+    Tavi::Host::HeldLiveView held;
+    Result result;
+    if (!Tavi::Host::HeldLiveViewOf(options.bundle, options.uid, options.id, held)) {
+        result.Refuse(heading,
+                      {Tavi::Notification::ERR_ANS_NOTIFICATION_NOT_EXISTS,
+                       "the simulator holds no live view of this app under this id, "
+                       "or cannot be reached"},
+                      "");
+    } else {
+        LiveViewRender::RenderOptions render;
+        render.resourceDir = options.resourceDir;
+        result.page = LiveViewRender::PreviewPage(
+            heading, LiveViewRender::RenderPresentations(held.request, render));
+    }
+    if (!WritePage(options, result.page, out, err)) {
+        return STATUS_UNUSABLE;
+    }
+    if (result.status != STATUS_OK && !options.output.empty()) {
+        out << result.refusal.code << ' ' << result.refusal.message << '\n';
+    }
+    return result.status;
+}
+
 // A scenario is an object with "steps"; anything else is taken for a live view.
 bool IsScenarioFile(const std::string& path) {
     LiveViewJson::JsonDocument document;
@@ -208,10 +261,19 @@ CLI::App* AddPreviewVerb(CLI::App& app, PreviewOptions& options) {
         "Publish a live view to the embedded service and write a self-contained HTML page of "
         "what the service holds: the capsule in the status bar, the card in the notification "
         "shade, the lock screen card and the external screen.");
-    verb->add_option("FILE", options.file,
-                     "Live view JSON file, or a scenario: then a filmstrip with one frame per "
-                     "step, the step's answer and the live view held after it")
-        ->required();
+    CLI::Option* file = verb->add_option(
+        "FILE", options.file,
+        "Live view JSON file, or a scenario: then a filmstrip with one frame per step, the step's "
+        "answer and the live view held after it");
+    CLI::Option* service = verb->add_option(
+        "--service", options.service,
+        "Instead of FILE: draw the live view that the running simulator at this address holds "
+        "(with --app, --uid and --id)");
+    file->excludes(service);
+    verb->add_option("--app", options.bundle, "With --service: the app's bundle name")
+        ->needs(service);
+    verb->add_option("--uid", options.uid, "With --service: the app's uid")->needs(service);
+    verb->add_option("--id", options.id, "With --service: the live view's id")->needs(service);
     verb->add_option("--op", options.operation,
                      "Operation to preview a live view file for: start, update or stop")
         ->check(CLI::IsMember({"start", "update", "stop"}));
@@ -224,6 +286,13 @@ CLI::App* AddPreviewVerb(CLI::App& app, PreviewOptions& options) {
 }
 
 int RunPreview(const PreviewOptions& options, std::ostream& out, std::ostream& err) {
+    if (!options.service.empty()) {
+        return PreviewFromService(options, out, err);
+    }
+    if (options.file.empty()) {
+        err << "liveview: preview needs FILE, or --service with --app, --uid and --id\n";
+        return STATUS_UNUSABLE;
+    }
     Tavi::Host::ResetAll();
     Tavi::Host::SetAllModes(Tavi::Host::SinkMode::DISCARD);
     Tavi::Host::SetCallingApp(PREVIEW_APP.bundle, PREVIEW_APP.uid);
@@ -242,18 +311,10 @@ int RunPreview(const PreviewOptions& options, std::ostream& out, std::ostream& e
         err << "liveview: " << error.ToString() << '\n';
         return STATUS_UNUSABLE;
     }
-    if (options.output.empty()) {
-        out << result.page;
-        return result.status;
-    }
-    std::ofstream file(options.output, std::ios::binary | std::ios::trunc);
-    file << result.page;
-    file.close();
-    if (!file) {
-        err << "liveview: " << options.output << ": cannot be written\n";
+    if (!WritePage(options, result.page, out, err)) {
         return STATUS_UNUSABLE;
     }
-    if (result.status != STATUS_OK) {
+    if (result.status != STATUS_OK && !options.output.empty()) {
         out << result.refusal.code << ' ' << result.refusal.message << '\n';
     }
     return result.status;

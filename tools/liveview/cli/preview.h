@@ -6,6 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdint>
 #include <ostream>
 #include <string>
 
@@ -16,6 +17,11 @@ struct PreviewOptions {
     std::string operation = "start";  // "start", "update" or "stop"
     std::string resourceDir;          // where "res://name" finds name.png; empty: placeholders
     std::string output;               // the page's file; empty: standard output
+    // Instead of a file: draw what the running simulator at service holds for app under id.
+    std::string service;
+    std::string bundle;
+    int32_t uid = 0;
+    int32_t id = 0;
 };
 
 // Adds the verb "preview" to app; parsing it fills options, which must outlive app's parse.

@@ -198,11 +198,13 @@ void Player::FindHeld(StepReport& report) const {
 
 }  // namespace
 
-bool PlayScenario(const Scenario& scenario, PlayObserver& observer) {
+bool PlayScenario(const Scenario& scenario, PlayObserver& observer, bool sharedService) {
     Tavi::Host::ResetAll();
     Tavi::Host::SetAllModes(Tavi::Host::SinkMode::CAPTURE);
     Tavi::Host::SetCallingApp(scenario.bundle, scenario.uid);
-    Tavi::Host::SetClockMillis(PLAY_CLOCK_START_MILLIS);
+    if (!sharedService) {
+        Tavi::Host::SetClockMillis(PLAY_CLOCK_START_MILLIS);
+    }
 
     Player player(scenario);
     bool asExpected = true;

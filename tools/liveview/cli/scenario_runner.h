@@ -47,11 +47,15 @@ public:
 
 // Plays the steps in order and stops after the first one whose answer is not the one it
 // expects. True when every step answered as expected. The service is reset before and after.
-bool PlayScenario(const Scenario& scenario, PlayObserver& observer);
+//
+// Against a shared service (a simulator), the service's clock is left as it is, and what the
+// scenario leaves behind stays for others to see.
+bool PlayScenario(const Scenario& scenario, PlayObserver& observer, bool sharedService = false);
 
 struct PlayOptions {
     bool events = false;    // print system events and end events after each step
     bool logLines = false;  // print log lines after each step
+    std::string service;    // a running simulator's address; empty: a fresh embedded service
 };
 
 // The text report of `play`: a line per step with its answer, the step's note and details, the

@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <string>
 
+#include "notification_action_button.h"
 #include "notification_request.h"
 #include "refbase.h"
 
@@ -53,6 +54,10 @@ struct Presentations {
 Presentations RenderPresentations(
     const Tavi::sptr<Tavi::Notification::NotificationRequest>& request,
     const RenderOptions& options);
+
+// The label a card shows on button, which is also the name a press of it carries: its title, else
+// its action's target, else "Action".
+std::string ButtonLabel(const Tavi::Notification::NotificationActionButton& button);
 
 }  // namespace LiveViewRender
 

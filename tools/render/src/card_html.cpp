@@ -4,6 +4,7 @@
 #include "field_value.h"
 #include "html.h"
 #include "layout_html.h"
+#include "render_presentations.h"
 #include "rich_text_html.h"
 
 namespace LiveViewRender {
@@ -92,16 +93,19 @@ std::string Buttons(const Tavi::Notification::NotificationRequest& request) {
         }
         const auto action = button->GetWantAgent();
         const std::string target = action == nullptr ? std::string() : action->GetTarget();
-        const std::string label = !button->GetTitle().empty() ? button->GetTitle()
-                                  : !target.empty()           ? target
-                                                              : "Action";
-        out += Element("span", "button", "button", Escape(label),
+        out += Element("span", "button", "button", Escape(ButtonLabel(*button)),
                        target.empty() ? std::string() : Attr("title", target));
     }
     return out.empty() ? out : Element("div", "buttons", "buttons", out);
 }
 
 }  // namespace
+
+std::string ButtonLabel(const Tavi::Notification::NotificationActionButton& button) {
+    const auto action = button.GetWantAgent();
+    const std::string target = action == nullptr ? std::string() : action->GetTarget();
+    return !button.GetTitle().empty() ? button.GetTitle() : !target.empty() ? target : "Action";
+}
 
 std::string ShadeCardHtml(const LiveView& liveView, const CardHead& head,
                           const Tavi::Notification::NotificationRequest& request,

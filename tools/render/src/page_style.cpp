@@ -191,4 +191,11 @@ const char* ClockScript() {
 )JS";
 }
 
+const char* StatusIcons() {
+    return "<span class=\"sys\" aria-hidden=\"true\"><span class=\"signal\">"
+           "<i style=\"height:4px\"></i><i style=\"height:6px\"></i>"
+           "<i style=\"height:8.5px\"></i><i style=\"height:11px\"></i></span>"
+           "<span class=\"battery\"></span></span>";
+}
+
 }  // namespace LiveViewRender

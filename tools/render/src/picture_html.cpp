@@ -11,7 +11,7 @@ namespace LiveViewRender {
 namespace {
 
 std::string DataUri(const std::string& png) {
-    return "data:image/png;base64," + Base64(png);
+    return "data:image/png;base64," + Tavi::Host::Base64Encode(png);
 }
 
 std::string Image(const char* part, const char* size, const std::string& uri,

@@ -12,11 +12,6 @@ namespace {
 const char* const DEVICE_TIME = "9:41";
 const char* const DEVICE_DATE = "Monday 3 June";
 
-const char* const STATUS_ICONS =
-    "<span class=\"sys\" aria-hidden=\"true\"><span class=\"signal\"><i style=\"height:4px\"></i>"
-    "<i style=\"height:6px\"></i><i style=\"height:8.5px\"></i><i style=\"height:11px\"></i>"
-    "</span><span class=\"battery\"></span></span>";
-
 std::string Panel(const char* head, std::int32_t code, const std::string& message,
                   const std::string& hint) {
     std::string inner = Element("div", "r-head", "", head) +
@@ -34,7 +29,7 @@ std::string Stage(const char* caption, const std::string& inner) {
 
 std::string StatusBar(const std::string& capsule) {
     return Element("div", "statusbar", "statusbar",
-                   Element("span", "now", "", DEVICE_TIME) + capsule + STATUS_ICONS);
+                   Element("span", "now", "", DEVICE_TIME) + capsule + StatusIcons());
 }
 
 std::string EmptyNote(const char* text) {

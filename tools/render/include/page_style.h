@@ -1,4 +1,5 @@
-// The style sheet and the clock script that every page of the renderer carries inline.
+// What every page that shows the renderer's fragments shares: the style sheet and the clock script
+// it carries inline, and the markup of the device frames' own parts.
 //
 // Thread safety: constants.
 #ifndef LIVEVIEW_RENDER_PAGE_STYLE_H
@@ -13,6 +14,9 @@ const char* StyleSheet();
 // element, an unpaused clock shows its time plus (or, counting down, minus) the seconds passed,
 // formatted as FormatClock does. Elements added later start from when they are first seen.
 const char* ClockScript();
+
+// The signal and battery icons at the end of a device's status bar (HTML, styled by StyleSheet).
+const char* StatusIcons();
 
 }  // namespace LiveViewRender
 

@@ -11,7 +11,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 seconds="${1:-60}"
-harnesses=(validate_fuzzer read_back_fuzzer json_front_end_fuzzer picture_reader_fuzzer)
+harnesses=(validate_fuzzer read_back_fuzzer json_front_end_fuzzer picture_reader_fuzzer
+           simulator_api_fuzzer)
 scripts/setup.sh
 
 jobs=2

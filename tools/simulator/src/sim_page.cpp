@@ -135,6 +135,7 @@ const char* const PAGE_JS = R"JS(
     return d.toLocaleDateString("en-GB", {weekday: "long", day: "numeric", month: "long"}).replace(",", "");
   }
   function appOf(item) { return {bundle: item.bundle, uid: item.uid}; }
+  var SLOT_TEXT = {"enabled": "on", "disabled": "off", "not configured": "on, never switched"};
 
   function tick() {
     if (!clock.base) { return; }
@@ -220,7 +221,8 @@ const char* const PAGE_JS = R"JS(
       wrap.append(label, view.readBack && view.readBack.code ? refusal(view.readBack) : html("", view.card));
       var row = el("div", "press-row");
       (view.buttons || []).forEach(function (name) {
-        var button = el("button", "press", name, {type: "button", "data-button": name});
+        var button = el("button", "press", name, {type: "button", "data-button": name,
+          title: "Press this action button: the app hears OnResponse"});
         button.addEventListener("click", function () {
           control("Press", "/api/press", {app: appOf(view), id: view.id, button: name});
         });
@@ -256,7 +258,9 @@ const char* const PAGE_JS = R"JS(
       toggle.addEventListener("change", function () {
         control("Slot switch", "/api/slot", {app: appOf(app), enabled: toggle.checked});
       });
-      row.append(name, el("span", "slot-state " + app.slot.replace(" ", "-"), app.slot), toggle);
+      var state = el("span", "slot-state " + app.slot.replace(" ", "-"), SLOT_TEXT[app.slot] || app.slot);
+      if (app.slot === "not configured") { state.title = "Never switched: the service lets the app publish"; }
+      row.append(name, state, toggle);
       return row;
     });
     if (!rows.length) { rows.push(el("li", "muted", "No app has called the service yet")); }

@@ -42,7 +42,7 @@ void FailNextCalls(ServiceCall call, int32_t errorNumber, int times = 1);
 void SetRateLimit(int perSecond);
 
 // The service clock in milliseconds. Setting or advancing it makes it manual: it then moves only
-// when told. UseRealClock returns to the steady clock.
+// when told. UseRealClock returns to the wall clock (milliseconds since 1970).
 void SetClockMillis(int64_t millis);
 void AdvanceClock(int64_t millis);
 void UseRealClock();

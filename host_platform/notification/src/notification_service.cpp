@@ -134,8 +134,10 @@ int64_t NotificationService::NowLocked() const {
     if (manualClock_) {
         return manualMillis_;
     }
+    // Wall time, so that times the service reports (the simulator's page and history) read as
+    // dates; a wall clock set back only lengthens a rate-limit window or a keep time.
     using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+    return duration_cast<milliseconds>(system_clock::now().time_since_epoch()).count();
 }
 
 void NotificationService::PurgeExpiredLocked(int64_t now) {

@@ -24,7 +24,8 @@
 // int64: a number when its magnitude is at most 2^53, else its decimal text, so that every value
 // reads back exactly. A box of a kind outside the table is written as null.
 //
-// cJSON texts end at a NUL byte, so a text holding one is cut there; a Double of negative zero
+// cJSON texts end at a NUL byte, so a text holding one is cut there when encoded, and the parser
+// below refuses one; a Double of negative zero
 // reads back as zero.
 //
 // Thread safety: stateless; every function may be called from any thread.
@@ -67,7 +68,8 @@ std::string RequestToText(const Notification::NotificationRequest& request);
 bool RequestFromJson(const cJSON* wire, sptr<Notification::NotificationRequest>& request,
                      std::string& error);
 
-// Parses text (any bytes) as one JSON value, refusing nesting deeper than MAX_NESTING before cJSON
+// Parses text (any bytes) as one JSON value, refusing nesting deeper than MAX_NESTING and the
+// escape of a NUL character ("\u0000", which cJSON's C strings would cut short) before cJSON
 // sees it. Returns a new tree (caller owns, cJSON_Delete), or null with error set to what is
 // wrong, e.g. "syntax error at byte 7".
 cJSON* ParseJsonText(const std::string& text, std::string& error);

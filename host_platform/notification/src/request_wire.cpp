@@ -8,17 +8,28 @@ namespace Wire {
 
 namespace {
 
-// The deepest nesting of arrays and objects in text, not counting brackets inside strings; stops
-// counting once limit is passed.
-int NestingOf(const std::string& text, int limit) {
+// What ParseJsonText refuses before cJSON sees the text: nesting deeper than a limit, and the
+// escape of a NUL character, which cJSON would decode into a text that its C strings cut short
+// (so that "com.a\u0000x" would read as "com.a").
+struct TextScan {
+    int deepest = 0;                   // stops counting once the limit is passed
+    size_t nulAt = std::string::npos;  // the byte offset of the first "\u0000"
+};
+
+TextScan ScanText(const std::string& text, int limit) {
+    TextScan scan;
     int depth = 0;
-    int deepest = 0;
     bool inString = false;
     bool escaped = false;
-    for (const char c : text) {
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
         if (inString) {
             if (escaped) {
                 escaped = false;
+                if (c == 'u' && text.compare(i + 1, 4, "0000") == 0 &&
+                    scan.nulAt == std::string::npos) {
+                    scan.nulAt = i - 1;
+                }
             } else if (c == '\\') {
                 escaped = true;
             } else if (c == '"') {
@@ -27,15 +38,15 @@ int NestingOf(const std::string& text, int limit) {
         } else if (c == '"') {
             inString = true;
         } else if (c == '{' || c == '[') {
-            deepest = std::max(deepest, ++depth);
-            if (deepest > limit) {
+            scan.deepest = std::max(scan.deepest, ++depth);
+            if (scan.deepest > limit) {
                 break;
             }
         } else if ((c == '}' || c == ']') && depth > 0) {
             --depth;
         }
     }
-    return deepest;
+    return scan;
 }
 
 }  // namespace
@@ -53,8 +64,14 @@ std::string RequestToText(const Notification::NotificationRequest& request) {
 }
 
 cJSON* ParseJsonText(const std::string& text, std::string& error) {
-    if (NestingOf(text, MAX_NESTING) > MAX_NESTING) {
+    const TextScan scan = ScanText(text, MAX_NESTING);
+    if (scan.deepest > MAX_NESTING) {
         error = "nested deeper than " + std::to_string(MAX_NESTING) + " levels";
+        return nullptr;
+    }
+    if (scan.nulAt != std::string::npos) {
+        error = "a text holds \\u0000 at byte " + std::to_string(scan.nulAt) +
+                "; texts cannot hold NUL characters";
         return nullptr;
     }
     const char* end = nullptr;

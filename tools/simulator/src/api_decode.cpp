@@ -149,6 +149,10 @@ private:
             if (!isKnown) {
                 return Fail(Join(path, member->string), "unknown member");
             }
+            // A lookup finds the first of repeated members; a later one must not hide there.
+            if (cJSON_GetObjectItemCaseSensitive(object, member->string) != member) {
+                return Fail(Join(path, member->string), "duplicate member");
+            }
         }
         return true;
     }
@@ -281,6 +285,10 @@ bool DecodeFailNext(const std::string& body, FailNextCall& call, ApiError& error
         !reader.String(reader.Root(), "", "call", name) ||
         !reader.Int32(reader.Root(), "", "error", call.errorNumber)) {
         return false;
+    }
+    if (call.errorNumber == 0) {
+        // The service would answer success without doing the call.
+        return reader.Fail("error", "must not be 0: an injected fault answers an error number");
     }
     using Tavi::Host::ServiceCall;
     static const std::pair<const char*, ServiceCall> CALLS[] = {

@@ -73,7 +73,9 @@ bool QueryNumber(const httplib::Request& req, const char* name, long long max, l
     char* end = nullptr;
     errno = 0;
     value = std::strtoll(text.c_str(), &end, 10);
-    if (text.empty() || *end != '\0' || errno != 0 || value < 0 || value > max) {
+    // Digits only: strtoll would also take a sign and leading blanks.
+    if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos || *end != '\0' ||
+        errno != 0 || value < 0 || value > max) {
         Refuse(res, 400, "expected a whole number 0.." + std::to_string(max), name);
         return false;
     }
@@ -93,35 +95,73 @@ std::string BearerToken(const httplib::Request& req) {
     return req.get_param_value("token");
 }
 
-void Routes(httplib::Server& server, Simulator& sim) {
+// Whether req carries the run's token; when not, res is the refusal.
+bool Authorized(const httplib::Request& req, const std::string& token, httplib::Response& res) {
+    if (SameToken(BearerToken(req), token)) {
+        return true;
+    }
+    Refuse(
+        res, 401,
+        req.has_header("Authorization") || req.has_param("token") ? "wrong token" : "missing token",
+        "token");
+    return false;
+}
+
+// Registers the API's calls, each behind the run's token. The token is checked in the handler,
+// once the HTTP library has read the body: a refusal made before that would leave the body on a
+// kept-alive connection, to be read as the next request.
+class Api {
+public:
+    Api(httplib::Server& server, std::string token) : server_(server), token_(std::move(token)) {}
+
+    void Get(const char* path, httplib::Server::Handler handler) {
+        server_.Get(path, Guarded(std::move(handler)));
+    }
+    void Post(const char* path, httplib::Server::Handler handler) {
+        server_.Post(path, Guarded(std::move(handler)));
+    }
+
+private:
+    httplib::Server::Handler Guarded(httplib::Server::Handler handler) const {
+        return [token = token_, handler = std::move(handler)](const httplib::Request& req,
+                                                              httplib::Response& res) {
+            if (Authorized(req, token, res)) {
+                handler(req, res);
+            }
+        };
+    }
+
+    httplib::Server& server_;
+    const std::string token_;
+};
+
+void Routes(httplib::Server& server, Api& api, Simulator& sim) {
     using httplib::Request;
     using httplib::Response;
     server.Get("/", [](const Request&, Response& res) {
         res.set_header("Cache-Control", "no-store");
         res.set_content(SimulatorPage(), "text/html; charset=utf-8");
     });
-    server.Post("/api/publish",
-                Decoded(DecodePublish, [&sim](const PublishCall& c) { return sim.Publish(c); }));
-    server.Post("/api/get", Decoded(DecodeGet, [&sim](const GetCall& c) { return sim.Get(c); }));
-    server.Post("/api/enabled",
-                Decoded(DecodeAppCall, [&sim](const AppCall& c) { return sim.Enabled(c); }));
-    server.Post("/api/subscribe",
-                Decoded(DecodeAppCall, [&sim](const AppCall& c) { return sim.Subscribe(c); }));
-    server.Post("/api/press",
-                Decoded(DecodePress, [&sim](const PressCall& c) { return sim.Press(c); }));
-    server.Post("/api/slot",
-                Decoded(DecodeSlot, [&sim](const SlotCall& c) { return sim.Slot(c); }));
-    server.Post("/api/rate-limit", Decoded(DecodeRateLimit, [&sim](const RateLimitCall& c) {
-                    return sim.RateLimit(c);
-                }));
-    server.Post("/api/clock",
-                Decoded(DecodeClock, [&sim](const ClockCall& c) { return sim.Clock(c); }));
-    server.Get("/api/clock", [&sim](const Request&, Response& res) { Reply(res, sim.ClockNow()); });
-    server.Post("/api/fail-next",
-                Decoded(DecodeFailNext, [&sim](const FailNextCall& c) { return sim.FailNext(c); }));
-    server.Post("/api/held",
-                Decoded(DecodeHeldQuery, [&sim](const HeldQuery& q) { return sim.Held(q); }));
-    server.Post("/api/kill", [&sim](const Request& req, Response& res) {
+    api.Post("/api/publish",
+             Decoded(DecodePublish, [&sim](const PublishCall& c) { return sim.Publish(c); }));
+    api.Post("/api/get", Decoded(DecodeGet, [&sim](const GetCall& c) { return sim.Get(c); }));
+    api.Post("/api/enabled",
+             Decoded(DecodeAppCall, [&sim](const AppCall& c) { return sim.Enabled(c); }));
+    api.Post("/api/subscribe",
+             Decoded(DecodeAppCall, [&sim](const AppCall& c) { return sim.Subscribe(c); }));
+    api.Post("/api/press",
+             Decoded(DecodePress, [&sim](const PressCall& c) { return sim.Press(c); }));
+    api.Post("/api/slot", Decoded(DecodeSlot, [&sim](const SlotCall& c) { return sim.Slot(c); }));
+    api.Post("/api/rate-limit",
+             Decoded(DecodeRateLimit, [&sim](const RateLimitCall& c) { return sim.RateLimit(c); }));
+    api.Post("/api/clock",
+             Decoded(DecodeClock, [&sim](const ClockCall& c) { return sim.Clock(c); }));
+    api.Get("/api/clock", [&sim](const Request&, Response& res) { Reply(res, sim.ClockNow()); });
+    api.Post("/api/fail-next",
+             Decoded(DecodeFailNext, [&sim](const FailNextCall& c) { return sim.FailNext(c); }));
+    api.Post("/api/held",
+             Decoded(DecodeHeldQuery, [&sim](const HeldQuery& q) { return sim.Held(q); }));
+    api.Post("/api/kill", [&sim](const Request& req, Response& res) {
         ApiError error;
         if (!DecodeEmpty(req.body, error)) {
             Refuse(res, 400, error.message, error.field);
@@ -129,7 +169,7 @@ void Routes(httplib::Server& server, Simulator& sim) {
         }
         Reply(res, sim.Kill());
     });
-    server.Get("/api/history", [&sim](const Request& req, Response& res) {
+    api.Get("/api/history", [&sim](const Request& req, Response& res) {
         long long limit = 0;
         long long requests = 0;
         if (QueryNumber(req, "limit", MAX_HISTORY_LIMIT, 100, limit, res) &&
@@ -137,8 +177,8 @@ void Routes(httplib::Server& server, Simulator& sim) {
             Reply(res, sim.History(static_cast<int>(limit), requests == 1));
         }
     });
-    server.Get("/api/state", [&sim](const Request&, Response& res) { Reply(res, sim.State()); });
-    server.Get("/api/page-events", [&sim](const Request&, Response& res) {
+    api.Get("/api/state", [&sim](const Request&, Response& res) { Reply(res, sim.State()); });
+    api.Get("/api/page-events", [&sim](const Request&, Response& res) {
         res.set_header("Cache-Control", "no-store");
         auto seen = std::make_shared<int64_t>(-1);
         res.set_chunked_content_provider(
@@ -154,7 +194,7 @@ void Routes(httplib::Server& server, Simulator& sim) {
                 return sink.write(chunk.data(), chunk.size());
             });
     });
-    server.Get("/api/events", [&sim](const Request& req, Response& res) {
+    api.Get("/api/events", [&sim](const Request& req, Response& res) {
         Tavi::Host::AppId app;
         app.bundleName = req.get_param_value("bundle");
         long long uid = 0;
@@ -187,27 +227,36 @@ void Routes(httplib::Server& server, Simulator& sim) {
     });
 }
 
-// Every /api call needs the run's token; the page itself carries none and asks for it.
-void GuardWithToken(httplib::Server& server, const std::string& token) {
-    server.set_pre_routing_handler([token](const httplib::Request& req, httplib::Response& res) {
-        if (req.path.compare(0, 5, "/api/") != 0 || SameToken(BearerToken(req), token)) {
-            return httplib::Server::HandlerResponse::Unhandled;
+// The HTTP library takes the first of several Content-Length headers, and one that is not a number
+// for 0 (or, negative, for a huge length); such framing is refused before anything is read by it.
+void RefuseBadFraming(httplib::Server& server) {
+    server.set_pre_routing_handler([](const httplib::Request& req, httplib::Response& res) {
+        const auto lengths = req.headers.equal_range("Content-Length");
+        for (auto length = lengths.first; length != lengths.second; ++length) {
+            const std::string& value = length->second;
+            if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos ||
+                value != lengths.first->second) {
+                Refuse(res, 400, "Content-Length must be one whole number", "Content-Length");
+                return httplib::Server::HandlerResponse::Handled;
+            }
         }
-        Refuse(res, 401,
-               req.has_header("Authorization") || req.has_param("token") ? "wrong token"
-                                                                         : "missing token",
-               "token");
-        return httplib::Server::HandlerResponse::Handled;
+        return httplib::Server::HandlerResponse::Unhandled;
     });
 }
 
 // Refusals that the HTTP library makes by itself (malformed request, unknown path, body too
 // large) get a JSON body too.
-void JsonErrors(httplib::Server& server) {
+void JsonErrors(httplib::Server& server, const std::string& token) {
     using ErrorHandler = httplib::Server::HandlerWithResponse;
-    server.set_error_handler(ErrorHandler([](const httplib::Request& req, httplib::Response& res) {
+    server.set_error_handler(ErrorHandler([token](const httplib::Request& req,
+                                                  httplib::Response& res) {
         if (!res.body.empty()) {
             return httplib::Server::HandlerResponse::Unhandled;
+        }
+        // Without the token, nothing about the API is told, not even which calls exist.
+        if (res.status == 404 && req.path.compare(0, 5, "/api/") == 0 &&
+            !Authorized(req, token, res)) {
+            return httplib::Server::HandlerResponse::Handled;
         }
         switch (res.status) {
             case 404:
@@ -265,9 +314,10 @@ int Serve(const ServeOptions& options, std::ostream& out, std::ostream& err) {
     server.set_payload_max_length(MAX_BODY_BYTES);
     server.set_keep_alive_max_count(100000);
     server.set_tcp_nodelay(true);  // answers go out at once, not after a delayed acknowledgement
-    GuardWithToken(server, token);
-    JsonErrors(server);
-    Routes(server, *sim);
+    Api api(server, token);
+    RefuseBadFraming(server);
+    JsonErrors(server, token);
+    Routes(server, api, *sim);
 
     const int port = options.port == 0
                          ? server.bind_to_any_port("127.0.0.1")

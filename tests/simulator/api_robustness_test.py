@@ -26,6 +26,7 @@ VERSION_RANGE = "out of range 0..4294967295"
 MILLIS_RANGE = "out of range 0..4503599627370496"
 LIMIT = "expected a whole number 0..100000"
 FRAMING = "Content-Length must be one whole number"
+JSON_TYPE = "application/json; charset=utf-8"
 
 
 def edit(body, path, value=KeyError):
@@ -244,7 +245,7 @@ def check_answer(cases, label, status, content_type, text, want_status, error, f
     except ValueError:
         answer = text[:200]
     cases.check(label, (status, content_type, answer) ==
-                (want_status, "application/json", {"error": error, "field": field}),
+                (want_status, JSON_TYPE, {"error": error, "field": field}),
                 f"got {status} {content_type} {answer!r}, want {want_status} "
                 f'{{"error": {error!r}, "field": {field!r}}}')
 
@@ -283,7 +284,7 @@ def main():
             check_answer(cases, f"{call.split('?')[0]}: {label}", *got, status, error, field)
         for (label, _, status, error, field), (got_status, got_body, whole) in pending:
             head = whole.partition(b"\r\n\r\n")[0].decode(errors="replace")
-            kind = "application/json" if "Content-Type: application/json" in head else head
+            kind = JSON_TYPE if f"Content-Type: {JSON_TYPE}" in head else head
             check_answer(cases, f"raw {label}", got_status, kind, got_body, status, error, field)
     after = snapshot(sim)
     for part in before:

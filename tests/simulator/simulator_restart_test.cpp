@@ -186,6 +186,23 @@ TEST_F(SimulatorRestartTest, WhatWasAnsweredComesBackAfterARestart) {
     EXPECT_EQ(CodeOf(again->Publish(Call(kRide, 2, Status::LIVE_VIEW_CREATE, 1, "z"))), 0x4000022);
 }
 
+TEST_F(SimulatorRestartTest, ALiveViewThatExpiredIsGoneAfterARestart) {
+    {
+        auto sim = Open();
+        ASSERT_NE(sim, nullptr);
+        ASSERT_EQ(CodeOf(sim->Clock({ClockCall::Kind::SET, 5000000})), 0);
+        ASSERT_EQ(CodeOf(sim->Publish(Call(kFood, 3, Status::LIVE_VIEW_CREATE, 1, "Order"))), 0);
+        ASSERT_EQ(CodeOf(sim->Publish(Call(kFood, 3, Status::LIVE_VIEW_END, 2, "Delivered"))), 0);
+        // Its keep time (600 s) runs out; another app's live view stays.
+        ASSERT_EQ(CodeOf(sim->Clock({ClockCall::Kind::ADVANCE, 600001})), 0);
+        ASSERT_EQ(CodeOf(sim->Publish(Call(kRide, 1, Status::LIVE_VIEW_CREATE, 1, "Ride"))), 0);
+        EXPECT_EQ(HeldLines(*sim), std::vector<std::string>{"com.example.ride #1 live Ride"});
+    }
+    auto again = Open();
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(HeldLines(*again), std::vector<std::string>{"com.example.ride #1 live Ride"});
+}
+
 TEST_F(SimulatorRestartTest, AStoreWithAnUnreadableHeldRequestIsRefused) {
     {
         auto sim = Open();

@@ -55,6 +55,8 @@ void SetPublishRecording(bool enabled);
 
 // The live views held now (ended ones until their auto-deleted time passes), by app then id.
 std::vector<HeldLiveView> HeldLiveViews();
+// The same list without the requests: which live views are held, and whether each has ended.
+std::vector<HeldKey> HeldLiveViewKeys();
 // The one live view that the app holds under id, as HeldLiveViews lists it; false when none.
 bool HeldLiveViewOf(const std::string& bundleName, int32_t uid, int32_t id, HeldLiveView& held);
 

@@ -67,6 +67,10 @@ std::vector<HeldLiveView> HeldLiveViews() {
     return Service().Held();
 }
 
+std::vector<HeldKey> HeldLiveViewKeys() {
+    return Service().HeldKeys();
+}
+
 bool HeldLiveViewOf(const std::string& bundleName, int32_t uid, int32_t id, HeldLiveView& held) {
     return Service().HeldOf({bundleName, uid}, id, held);
 }

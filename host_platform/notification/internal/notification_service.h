@@ -50,6 +50,7 @@ public:
     void SetPublishRecording(bool enabled) override;
     std::vector<PublishRecord> Published() override;
     std::vector<HeldLiveView> Held() override;
+    std::vector<HeldKey> HeldKeys() override;
     // The app's live view under id, copied into held; false when there is none.
     bool HeldOf(const AppId& app, int32_t id, HeldLiveView& held) override;
     Notification::ErrCode PressButton(const AppId& app, int32_t id,

@@ -65,6 +65,8 @@ public:
     void SetPublishRecording(bool enabled) override;
     std::vector<PublishRecord> Published() override;
     std::vector<HeldLiveView> Held() override;
+    // Held, with the requests dropped: the simulator sends them all the same.
+    std::vector<HeldKey> HeldKeys() override;
     bool HeldOf(const AppId& app, int32_t id, HeldLiveView& held) override;
     Notification::ErrCode PressButton(const AppId& app, int32_t id,
                                       const std::string& buttonName) override;

@@ -45,6 +45,16 @@ struct PublishRecord {
     int64_t atMillis = 0;  // service clock
 };
 
+// Which live view the service holds, without the request: cheap to list and compare.
+struct HeldKey {
+    AppId app;
+    int32_t id = 0;
+    bool ended = false;
+    bool operator==(const HeldKey& other) const {
+        return app == other.app && id == other.id && ended == other.ended;
+    }
+};
+
 // One live view as the service holds it now.
 struct HeldLiveView {
     AppId app;
@@ -78,6 +88,8 @@ public:
     virtual void SetPublishRecording(bool enabled) = 0;
     virtual std::vector<PublishRecord> Published() = 0;
     virtual std::vector<HeldLiveView> Held() = 0;
+    // What Held lists, without copying a request.
+    virtual std::vector<HeldKey> HeldKeys() = 0;
     // The app's live view under id, copied into held; false when there is none.
     virtual bool HeldOf(const AppId& app, int32_t id, HeldLiveView& held) = 0;
     virtual Notification::ErrCode PressButton(const AppId& app, int32_t id,

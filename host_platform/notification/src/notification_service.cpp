@@ -405,6 +405,18 @@ std::vector<HeldLiveView> NotificationService::Held() {
     return out;
 }
 
+std::vector<HeldKey> NotificationService::HeldKeys() {
+    std::lock_guard<std::mutex> lock(mutex_);
+    PurgeExpiredLocked(NowLocked());
+    std::vector<HeldKey> out;
+    for (const auto& [app, views] : liveViews_) {
+        for (const auto& [id, stored] : views) {
+            out.push_back({app, id, stored.ended});
+        }
+    }
+    return out;
+}
+
 bool NotificationService::HeldOf(const AppId& app, int32_t id, HeldLiveView& held) {
     std::lock_guard<std::mutex> lock(mutex_);
     PurgeExpiredLocked(NowLocked());

@@ -444,6 +444,14 @@ std::vector<HeldLiveView> RemoteService::Held() {
     return HeldMatching(cJSON_CreateObject());
 }
 
+std::vector<HeldKey> RemoteService::HeldKeys() {
+    std::vector<HeldKey> keys;
+    for (const HeldLiveView& held : Held()) {
+        keys.push_back({held.app, held.id, held.ended});
+    }
+    return keys;
+}
+
 bool RemoteService::HeldOf(const AppId& app, int32_t id, HeldLiveView& held) {
     cJSON* query = BodyFor(app);
     cJSON_AddNumberToObject(query, "id", id);

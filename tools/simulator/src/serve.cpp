@@ -24,7 +24,9 @@ constexpr size_t MAX_BODY_BYTES = 8 * 1024 * 1024;
 constexpr size_t SERVER_THREADS = 64;
 constexpr std::chrono::milliseconds STREAM_PING{2000};
 constexpr int MAX_HISTORY_LIMIT = 100000;
-const char* const JSON_TYPE = "application/json";
+// With the charset named, the HTTP library does not compress the answer (it compresses only the
+// bare type): on loopback, gzip took 270 ms of a page's 3.6 MB state, and the transfer 4 ms.
+const char* const JSON_TYPE = "application/json; charset=utf-8";
 
 std::string ErrorBody(const std::string& message, const std::string& field) {
     cJSON* json = cJSON_CreateObject();

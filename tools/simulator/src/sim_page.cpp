@@ -76,6 +76,7 @@ button.danger:hover:not(:disabled){background:#fdeceb;border-color:#e6948c}
 .statusbar .capsules{display:flex;gap:4px;min-width:0;overflow:hidden}
 .sim-capsule{display:flex;min-width:0}
 .sim-card{display:flex;flex-direction:column;gap:6px}
+.sim-card,#lock-screen>.sim-fragment{content-visibility:auto;contain-intrinsic-size:auto 170px}
 .sim-card[data-ended=true] .card{opacity:.62}
 .sim-card .card .buttons{display:none}
 .sim-label{display:flex;align-items:center;gap:6px;padding:0 6px;font-size:11px;font-weight:600;color:#5d6470}
@@ -114,6 +115,25 @@ const char* const PAGE_JS = R"JS(
   var $ = function (id) { return document.getElementById(id); };
   var clock = {base: 0, seenAt: 0, manual: true};
   var loading = false, again = false, drawnSeq = null;
+  // Elements of the live views drawn last, by view, drawing and place: a redraw reuses those whose
+  // drawing did not change, so that one update among a thousand views redraws one card.
+  var nodes = {}, used = {};
+  var shadeDate = el("div", "shade-date", null, {"data-today": ""});
+  // Makes list the children of parent, moving only what is not in place already: replacing
+  // every child would make the browser lay out a thousand cards again for one that changed.
+  function setChildren(parent, list) {
+    list.forEach(function (node, i) {
+      var current = parent.childNodes[i];
+      if (current !== node) { parent.insertBefore(node, current || null); }
+    });
+    while (parent.childNodes.length > list.length) { parent.removeChild(parent.lastChild); }
+  }
+  function cached(view, part, make) {
+    var key = [view.bundle, view.uid, view.id, view.rev, view.ended, part].join("\u0000");
+    var node = nodes[key] || make();
+    used[key] = node;
+    return node;
+  }
 
   function el(tag, cls, text, attrs) {
     var node = document.createElement(tag);
@@ -193,6 +213,7 @@ const char* const PAGE_JS = R"JS(
     if (state.seq === drawnSeq) { return; }
     drawnSeq = state.seq;
     var views = state.views || [];
+    used = {};
     clock = {base: state.clockMillis, seenAt: Date.now(), manual: !!state.manualClock};
     $("clock-mode").textContent = clock.manual ? "manual" : "real";
     $("clock-mode").dataset.mode = clock.manual ? "manual" : "real";
@@ -201,6 +222,7 @@ const char* const PAGE_JS = R"JS(
     drawScreen($("external-screen"), views, "external", "Nothing for the external screen");
     drawApps(state.apps || []);
     drawHistory(state.history || []);
+    nodes = used;
     if (document.activeElement !== $("rate")) { $("rate").value = state.rateLimit; }
     tick();
     $("seq").textContent = "change " + state.seq;
@@ -211,28 +233,29 @@ const char* const PAGE_JS = R"JS(
     return {"data-bundle": view.bundle, "data-uid": view.uid, "data-id": view.id, "data-ended": !!view.ended};
   }
   function drawPhone(views) {
-    $("capsules").replaceChildren.apply($("capsules"), views.filter(function (v) { return v.capsule; })
-      .map(function (v) { return html("sim-capsule", v.capsule, hooks(v)); }));
-    var cards = views.map(function (view) {
-      var wrap = el("div", "sim-card", null, hooks(view));
-      var label = el("div", "sim-label", null, {title: view.bundle + " (uid " + view.uid + ")"});
-      label.append(el("span", "who", view.bundle + " \u00b7 #" + view.id));
-      if (view.ended) { label.append(el("span", "tag-ended", "ended")); }
-      wrap.append(label, view.readBack && view.readBack.code ? refusal(view.readBack) : html("", view.card));
-      var row = el("div", "press-row");
-      (view.buttons || []).forEach(function (name) {
-        var button = el("button", "press", name, {type: "button", "data-button": name,
-          title: "Press this action button: the app hears OnResponse"});
-        button.addEventListener("click", function () {
-          control("Press", "/api/press", {app: appOf(view), id: view.id, button: name});
-        });
-        row.append(button);
-      });
-      if (row.childNodes.length) { wrap.append(row); }
-      return wrap;
-    });
+    setChildren($("capsules"), views.filter(function (v) { return v.capsule; })
+      .map(function (v) { return cached(v, "capsule", function () { return html("sim-capsule", v.capsule, hooks(v)); }); }));
+    var cards = views.map(function (view) { return cached(view, "card", function () { return card(view); }); });
     if (!cards.length) { cards.push(el("div", "empty-note", "No live views held")); }
-    $("shade").replaceChildren.apply($("shade"), [el("div", "shade-date", null, {"data-today": ""})].concat(cards));
+    setChildren($("shade"), [shadeDate].concat(cards));
+  }
+  function card(view) {
+    var wrap = el("div", "sim-card", null, hooks(view));
+    var label = el("div", "sim-label", null, {title: view.bundle + " (uid " + view.uid + ")"});
+    label.append(el("span", "who", view.bundle + " \u00b7 #" + view.id));
+    if (view.ended) { label.append(el("span", "tag-ended", "ended")); }
+    wrap.append(label, view.readBack && view.readBack.code ? refusal(view.readBack) : html("", view.card));
+    var row = el("div", "press-row");
+    (view.buttons || []).forEach(function (name) {
+      var button = el("button", "press", name, {type: "button", "data-button": name,
+        title: "Press this action button: the app hears OnResponse"});
+      button.addEventListener("click", function () {
+        control("Press", "/api/press", {app: appOf(view), id: view.id, button: name});
+      });
+      row.append(button);
+    });
+    if (row.childNodes.length) { wrap.append(row); }
+    return wrap;
   }
   function refusal(readBack) {
     var panel = el("section", "refusal");
@@ -242,8 +265,8 @@ const char* const PAGE_JS = R"JS(
   }
   function drawScreen(screen, views, part, empty) {
     var shown = views.filter(function (v) { return v[part]; })
-      .map(function (v) { return html("sim-fragment", v[part], hooks(v)); });
-    screen.replaceChildren.apply(screen, shown.length ? shown : [el("div", "empty-note", empty)]);
+      .map(function (v) { return cached(v, part, function () { return html("sim-fragment", v[part], hooks(v)); }); });
+    setChildren(screen, shown.length ? shown : [el("div", "empty-note", empty)]);
   }
 
   function drawApps(apps) {
@@ -287,7 +310,7 @@ const char* const PAGE_JS = R"JS(
     function set(state) { live.dataset.state = state; live.lastChild.textContent = state; }
     events.addEventListener("change", refresh);
     // After a gap the server may have restarted with its count anew: redraw whatever it says.
-    events.onopen = function () { set("live"); drawnSeq = null; refresh(); };
+    events.onopen = function () { set("live"); drawnSeq = null; nodes = {}; refresh(); };
     events.onerror = function () {
       set("reconnecting");
       if (events.readyState === EventSource.CLOSED) { setTimeout(connect, 2000); }

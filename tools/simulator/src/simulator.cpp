@@ -2,6 +2,7 @@
 
 #include <cjson/cJSON.h>
 
+#include <algorithm>
 #include <tuple>
 
 #include "live_view_content_access.h"
@@ -137,9 +138,7 @@ bool Simulator::RestoreLocked(std::string& error) {
         Tavi::Host::NotificationService::Instance().Restore(app, *request, row.ended);
         apps_.insert(app);
     }
-    for (const auto& held : Tavi::Host::HeldLiveViews()) {
-        lastHeld_.emplace_back(held.app, held.id, held.ended);
-    }
+    lastHeld_ = Tavi::Host::HeldLiveViewKeys();
     return true;
 }
 
@@ -149,15 +148,14 @@ void Simulator::SetCallerLocked(const AppId& app) {
 }
 
 bool Simulator::SyncHeldLocked(std::string& error) {
-    const auto held = Tavi::Host::HeldLiveViews();
-    std::vector<std::tuple<AppId, int32_t, bool>> now;
-    std::vector<HeldRow> rows;
-    for (const auto& view : held) {
-        now.emplace_back(view.app, view.id, view.ended);
-        rows.push_back(RowOf(view));
-    }
+    // Only the list is compared: a held request changes only by a publish, which writes its row.
+    auto now = Tavi::Host::HeldLiveViewKeys();
     if (now == lastHeld_) {
         return true;
+    }
+    std::vector<HeldRow> rows;
+    for (const auto& view : Tavi::Host::HeldLiveViews()) {
+        rows.push_back(RowOf(view));
     }
     if (!store_->ReplaceHeld(rows, error)) {
         return false;
@@ -165,6 +163,27 @@ bool Simulator::SyncHeldLocked(std::string& error) {
     lastHeld_ = std::move(now);
     events_.Changed();
     return true;
+}
+
+void Simulator::NoteWrittenLocked(const AppId& app, int32_t id, const HeldRow* written) {
+    const auto at = std::find_if(lastHeld_.begin(), lastHeld_.end(),
+                                 [&](const auto& key) { return key.app == app && key.id == id; });
+    if (written == nullptr) {
+        if (at != lastHeld_.end()) {
+            lastHeld_.erase(at);
+        }
+        return;
+    }
+    const Tavi::Host::HeldKey key{app, id, written->ended};
+    if (at != lastHeld_.end()) {
+        *at = key;
+        return;
+    }
+    // Kept in the service's order (app, then id), so that it compares equal to a fresh listing.
+    const auto before = std::find_if(lastHeld_.begin(), lastHeld_.end(), [&](const auto& other) {
+        return std::tie(other.app, other.id) > std::tie(app, id);
+    });
+    lastHeld_.insert(before, key);
 }
 
 ApiAnswer Simulator::Publish(const PublishCall& call) {
@@ -196,10 +215,13 @@ ApiAnswer Simulator::Publish(const PublishCall& call) {
         if (!store_->RecordPublish(row, isHeld ? &heldRow : nullptr, error)) {
             return StoreFailure(error);
         }
-        // Keep the last written state in step, so that the next sync writes only real changes.
-        lastHeld_.clear();
-        for (const auto& view : Tavi::Host::HeldLiveViews()) {
-            lastHeld_.emplace_back(view.app, view.id, view.ended);
+        NoteWrittenLocked(call.app, row.liveViewId, isHeld ? &heldRow : nullptr);
+        if (code == 0) {
+            ++revisions_[{call.app, row.liveViewId}];
+        }
+        // The publish may also have let ended live views of others expire: their rows go now.
+        if (!SyncHeldLocked(error)) {
+            return StoreFailure(error);
         }
         cJSON* json = cJSON_CreateObject();
         cJSON_AddNumberToObject(json, "code", code);
@@ -346,7 +368,12 @@ ApiAnswer Simulator::Held(const HeldQuery& query) {
     std::vector<Tavi::Host::HeldLiveView> held;
     {
         std::lock_guard<std::mutex> lock(mutex_);
-        held = Tavi::Host::HeldLiveViews();
+        Tavi::Host::HeldLiveView one;
+        if (!query.hasId) {
+            held = Tavi::Host::HeldLiveViews();
+        } else if (Tavi::Host::HeldLiveViewOf(query.app.bundleName, query.app.uid, query.id, one)) {
+            held.push_back(one);  // only the one asked for is copied
+        }
     }
     cJSON* json = cJSON_CreateObject();
     cJSON* list = cJSON_AddArrayToObject(json, "held");
@@ -399,14 +426,19 @@ ApiAnswer Simulator::State() {
 }
 
 std::string Simulator::RenderState() {
-    std::vector<Tavi::Host::HeldLiveView> held;
+    std::vector<Tavi::Host::HeldKey> held;
+    std::vector<int64_t> revisions;
     std::vector<std::pair<AppId, std::string>> apps;
     int64_t clock = 0;
     bool manual = false;
     int32_t rateLimit = 0;
     {
         std::lock_guard<std::mutex> lock(mutex_);
-        held = Tavi::Host::HeldLiveViews();
+        held = Tavi::Host::HeldLiveViewKeys();
+        for (const auto& key : held) {
+            const auto revision = revisions_.find({key.app, key.id});
+            revisions.push_back(revision == revisions_.end() ? 0 : revision->second);
+        }
         for (const AppId& app : apps_) {
             Tavi::Host::SetCallingApp(app.bundleName, app.uid);
             bool enabled = false;
@@ -430,38 +462,78 @@ std::string Simulator::RenderState() {
         cJSON_AddStringToObject(entry, "slot", slot.c_str());
         cJSON_AddItemToArray(appList, entry);
     }
-    LiveViewRender::RenderOptions renderOptions;
-    renderOptions.resourceDir = options_.resourceDir;
-    cJSON* views = cJSON_AddArrayToObject(json.get(), "views");
-    for (const auto& view : held) {
-        const auto drawn = LiveViewRender::RenderPresentations(view.request, renderOptions);
-        cJSON* entry = cJSON_CreateObject();
-        AddApp(entry, view.app);
-        cJSON_AddNumberToObject(entry, "id", view.id);
-        cJSON_AddBoolToObject(entry, "ended", view.ended);
-        cJSON_AddStringToObject(entry, "event", drawn.event.c_str());
-        cJSON_AddStringToObject(entry, "capsule", drawn.capsule.c_str());
-        cJSON_AddStringToObject(entry, "card", drawn.card.c_str());
-        cJSON_AddStringToObject(entry, "lockScreen", drawn.lockScreen.c_str());
-        cJSON_AddStringToObject(entry, "external", drawn.external.c_str());
-        cJSON* buttons = cJSON_AddArrayToObject(entry, "buttons");
-        for (const auto& button : view.request->GetActionButtons()) {
-            if (button != nullptr) {
-                cJSON_AddItemToArray(
-                    buttons, cJSON_CreateString(LiveViewRender::ButtonLabel(*button).c_str()));
-            }
-        }
-        cJSON* readBack = cJSON_AddObjectToObject(entry, "readBack");
-        cJSON_AddNumberToObject(readBack, "code", drawn.readBack.code);
-        cJSON_AddStringToObject(readBack, "message", drawn.readBack.message.c_str());
-        cJSON_AddItemToArray(views, entry);
-    }
     const ApiAnswer history = History(PAGE_HISTORY_ROWS, false);
     Json historyJson(cJSON_Parse(history.body.c_str()));
     cJSON* rows = cJSON_DetachItemFromObjectCaseSensitive(historyJson.get(), "history");
     cJSON_AddItemToObject(json.get(), "history", rows == nullptr ? cJSON_CreateArray() : rows);
     char* text = cJSON_PrintUnformatted(json.get());
-    std::string out = text == nullptr ? "{}" : text;
+    if (text == nullptr) {
+        return "{}";
+    }
+    std::string out(text);
+    cJSON_free(text);
+
+    // The views are drawn once per revision and spliced in as text: with a thousand held, drawing
+    // them all again, or copying their drawings through a JSON tree, would take most of a change.
+    std::map<std::pair<AppId, int32_t>, DrawnView> drawn;
+    out.pop_back();  // the closing brace
+    out += ",\"views\":[";
+    for (size_t i = 0; i < held.size(); ++i) {
+        const auto& key = held[i];
+        const std::pair<AppId, int32_t> name{key.app, key.id};
+        auto cached = drawn_.find(name);
+        if (cached == drawn_.end() || cached->second.revision != revisions[i] ||
+            cached->second.ended != key.ended) {
+            Tavi::Host::HeldLiveView view;
+            {
+                std::lock_guard<std::mutex> lock(mutex_);
+                if (!Tavi::Host::HeldLiveViewOf(key.app.bundleName, key.app.uid, key.id, view)) {
+                    continue;  // gone since the listing; the next change redraws without it
+                }
+            }
+            view.ended = key.ended;
+            cached = drawn_
+                         .insert_or_assign(
+                             name, DrawnView{revisions[i], key.ended, DrawView(view, revisions[i])})
+                         .first;
+        }
+        if (out.back() != '[') {
+            out += ',';
+        }
+        out += cached->second.json;
+        drawn.insert(*cached);
+    }
+    out += "]}";
+    drawn_ = std::move(drawn);
+    return out;
+}
+
+std::string Simulator::DrawView(const Tavi::Host::HeldLiveView& view, int64_t revision) const {
+    LiveViewRender::RenderOptions renderOptions;
+    renderOptions.resourceDir = options_.resourceDir;
+    const auto drawn = LiveViewRender::RenderPresentations(view.request, renderOptions);
+    Json entry(cJSON_CreateObject());
+    AddApp(entry.get(), view.app);
+    cJSON_AddNumberToObject(entry.get(), "id", view.id);
+    cJSON_AddBoolToObject(entry.get(), "ended", view.ended);
+    cJSON_AddNumberToObject(entry.get(), "rev", static_cast<double>(revision));
+    cJSON_AddStringToObject(entry.get(), "event", drawn.event.c_str());
+    cJSON_AddStringToObject(entry.get(), "capsule", drawn.capsule.c_str());
+    cJSON_AddStringToObject(entry.get(), "card", drawn.card.c_str());
+    cJSON_AddStringToObject(entry.get(), "lockScreen", drawn.lockScreen.c_str());
+    cJSON_AddStringToObject(entry.get(), "external", drawn.external.c_str());
+    cJSON* buttons = cJSON_AddArrayToObject(entry.get(), "buttons");
+    for (const auto& button : view.request->GetActionButtons()) {
+        if (button != nullptr) {
+            cJSON_AddItemToArray(buttons,
+                                 cJSON_CreateString(LiveViewRender::ButtonLabel(*button).c_str()));
+        }
+    }
+    cJSON* readBack = cJSON_AddObjectToObject(entry.get(), "readBack");
+    cJSON_AddNumberToObject(readBack, "code", drawn.readBack.code);
+    cJSON_AddStringToObject(readBack, "message", drawn.readBack.message.c_str());
+    char* text = cJSON_PrintUnformatted(entry.get());
+    std::string out = text == nullptr ? "null" : text;
     cJSON_free(text);
     return out;
 }

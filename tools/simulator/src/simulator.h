@@ -74,8 +74,13 @@ private:
     bool RestoreLocked(std::string& error);
     // Writes what the service holds now to the store when it differs from what was written last.
     bool SyncHeldLocked(std::string& error);
+    // The store's held row of app's live view id is now written (null: deleted).
+    void NoteWrittenLocked(const Tavi::Host::AppId& app, int32_t id, const HeldRow* written);
     void SetCallerLocked(const Tavi::Host::AppId& app);
     std::string RenderState();
+    // One live view as the page's state lists it (JSON): its app, id, ended flag, revision (the
+    // page keeps a drawing while these stay the same) and drawings.
+    std::string DrawView(const Tavi::Host::HeldLiveView& view, int64_t revision) const;
 
     const SimulatorOptions options_;
     std::unique_ptr<SimStore> store_;
@@ -84,13 +89,22 @@ private:
     std::mutex mutex_;  // one call into the service at a time
     std::set<Tavi::Host::AppId> apps_;
     std::map<Tavi::Host::AppId, std::unique_ptr<AppNotices>> notices_;
-    std::vector<std::tuple<Tavi::Host::AppId, int32_t, bool>> lastHeld_;
+    // What the store's held table lists, in the service's order.
+    std::vector<Tavi::Host::HeldKey> lastHeld_;
+    // Accepted publishes per live view, so that a drawing is made again only when it changed.
+    std::map<std::pair<Tavi::Host::AppId, int32_t>, int64_t> revisions_;
     bool manualClock_ = false;
     int32_t rateLimit_ = 10;
 
-    std::mutex stateMutex_;  // the page's state, drawn once per change
+    struct DrawnView {
+        int64_t revision = 0;
+        bool ended = false;
+        std::string json;
+    };
+    std::mutex stateMutex_;  // the page's state, drawn once per change, and the drawings it reuses
     int64_t stateChange_ = -1;
     std::string state_;
+    std::map<std::pair<Tavi::Host::AppId, int32_t>, DrawnView> drawn_;
 };
 
 }  // namespace LiveViewSimulator

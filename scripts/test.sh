@@ -4,7 +4,8 @@
 #                              previews (scripts/browser-test.sh build)
 #   scripts/test.sh asan       AddressSanitizer + UndefinedBehaviorSanitizer build (clang), all tests
 #   scripts/test.sh tsan       ThreadSanitizer build (clang), the concurrency tests (CTest label
-#                              "concurrency") and the host platform's concurrency tests
+#                              "concurrency", the simulator's stress among them, against an
+#                              instrumented server) and the host platform's concurrency tests
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -30,7 +31,7 @@ case "$mode" in
     tsan)
         cmake -S . -B build-tsan -G Ninja -DCMAKE_BUILD_TYPE=Debug -DCMAKE_C_COMPILER=clang \
             -DCMAKE_CXX_COMPILER=clang++ -DLV_SANITIZE=thread
-        cmake --build build-tsan -j"$jobs" --target concurrency_tests host_platform_tests
+        cmake --build build-tsan -j"$jobs" --target concurrency_tests host_platform_tests liveview
         export TSAN_OPTIONS=halt_on_error=1
         ctest --test-dir build-tsan --output-on-failure -j"$jobs" -L concurrency
         # The host platform's own concurrency tests live in its suite.

@@ -82,6 +82,16 @@ def wait_for_card(driver, bundle, uid, live_view_id, texts, ended, since):
         time.sleep(0.02)
 
 
+def wait_connected(driver, limit=10):
+    """The state of the page's connection once it is live, or after limit seconds."""
+    deadline = time.monotonic() + limit
+    while True:
+        state = driver.execute_script("return document.getElementById('connection').dataset.state")
+        if state == "live" or time.monotonic() > deadline:
+            return state
+        time.sleep(0.05)
+
+
 def harvest_food_delivery(liveview, scenario):
     """The food delivery's accepted publishes, oldest first, from a play on a scratch simulator."""
     scratch = Simulator(liveview).start()
@@ -109,6 +119,25 @@ def play_food_delivery(results, sim, driver, publishes):
                                     row["operation"] == "end", answered)
         results.check(name + " on the page within 1 s", took is not None, f"page shows {shown}",
                       took is not None and f"{took * 1000:.0f} ms")
+
+
+def preview_from_simulator(results, sim, driver, liveview, workdir, publishes):
+    """`liveview preview --service` draws the food delivery as the simulator holds it."""
+    last = publishes[-1]
+    page = os.path.join(workdir, "held.html")
+    run = subprocess.run([liveview, "preview", "--service", sim.url, "--app", last["bundle"],
+                          "--uid", str(last["uid"]), "--id", str(last["id"]), "-o", page],
+                         capture_output=True, text=True, timeout=30, check=False)
+    if not results.check("preview --service draws a held live view", run.returncode == 0,
+                         f"exit {run.returncode}: {run.stdout}{run.stderr}"):
+        return
+    driver.get("file://" + page)
+    title = driver.execute_script(
+        "const t = document.querySelector('[data-part=card] [data-part=primary] "
+        "[data-part=title]'); return t && t.textContent;")
+    results.check("its card shows what the simulator holds",
+                  title == expected_texts(last["request"])[0], f"title {title!r}")
+    driver.back()
 
 
 class App:
@@ -188,6 +217,9 @@ def run_app(results, sim, driver, app_path, shots, doc_shot):
                       request is not None and "Sam was asked to call you" in
                       expected_texts(request), f"{line}; held {request and expected_texts(request)}")
 
+        # Once the simulator stops, the page's calls fail as they should: look before.
+        errors = [entry for entry in driver.get_log("browser") if entry["level"] == "SEVERE"]
+        results.check("the page logged no error while the simulator ran", not errors, str(errors))
         stopped = time.monotonic()
         sim.stop()
         _, died = app.wait_for("OnDied", timeout=10)
@@ -230,20 +262,13 @@ def main():
         driver = start_browser(os.path.join(workdir, "profile"))
         driver.set_window_size(1400, 1250)
         driver.get(sim.url)
-        loaded = driver.execute_script(
-            "return document.getElementById('connection').dataset.state")
-        deadline = time.monotonic() + 10
-        while loaded != "live" and time.monotonic() < deadline:
-            time.sleep(0.05)
-            loaded = driver.execute_script(
-                "return document.getElementById('connection').dataset.state")
+        loaded = wait_connected(driver)
         if results.check("the page connects to its event stream", loaded == "live",
                          f"connection state {loaded!r}"):
             play_food_delivery(results, sim, driver, publishes)
+            preview_from_simulator(results, sim, driver, liveview, workdir, publishes)
+            wait_connected(driver)
             run_app(results, sim, driver, os.path.abspath(args.app), shots, args.doc_shot)
-            errors = [entry for entry in driver.get_log("browser") if entry["level"] == "SEVERE"
-                      and "/api/page-events" not in entry["message"]]
-            results.check("the page logged no error", not errors, str(errors))
     except Exception as error:  # noqa: BLE001 - a broken run is one failure, reported
         results.check("the run", False, f"{type(error).__name__}: {error}")
     finally:

@@ -26,6 +26,12 @@ enum class ServiceCall {
     GET_ENABLED,
 };
 
+// The name of a call as scenarios, the simulator's API and its clients write it: "publish",
+// "subscribe", "getActive", "getEnabled".
+const char* ServiceCallName(ServiceCall call);
+// The call named name; false when name is none of the four.
+bool ServiceCallNamed(const std::string& name, ServiceCall& call);
+
 struct AppId {
     std::string bundleName;
     int32_t uid = -1;

@@ -2,6 +2,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
+#include <utility>
 
 #include "notification_service.h"
 #include "remote_service.h"
@@ -34,6 +35,34 @@ void ChooseFromEnvironment() {
     g_active.store(new RemoteService(address));  // never destroyed: its threads may use it
 }
 }  // namespace
+
+namespace {
+constexpr std::pair<const char*, ServiceCall> CALL_NAMES[] = {
+    {"publish", ServiceCall::PUBLISH},
+    {"subscribe", ServiceCall::SUBSCRIBE},
+    {"getActive", ServiceCall::GET_ACTIVE},
+    {"getEnabled", ServiceCall::GET_ENABLED},
+};
+}  // namespace
+
+const char* ServiceCallName(ServiceCall call) {
+    for (const auto& [name, named] : CALL_NAMES) {
+        if (named == call) {
+            return name;
+        }
+    }
+    return "?";
+}
+
+bool ServiceCallNamed(const std::string& name, ServiceCall& call) {
+    for (const auto& [known, named] : CALL_NAMES) {
+        if (name == known) {
+            call = named;
+            return true;
+        }
+    }
+    return false;
+}
 
 ServiceBackend& ActiveService() {
     ServiceBackend* active = g_active.load();

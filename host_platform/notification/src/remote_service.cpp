@@ -99,20 +99,6 @@ std::string PercentEncoded(const std::string& text) {
     return out;
 }
 
-const char* CallName(ServiceCall call) {
-    switch (call) {
-        case ServiceCall::PUBLISH:
-            return "publish";
-        case ServiceCall::SUBSCRIBE:
-            return "subscribe";
-        case ServiceCall::GET_ACTIVE:
-            return "getActive";
-        case ServiceCall::GET_ENABLED:
-            return "getEnabled";
-    }
-    return "";
-}
-
 std::unique_ptr<httplib::Client> MakeClient(const RemoteAddress& address, time_t readSeconds) {
     auto client = std::make_unique<httplib::Client>(address.host, address.port);
     client->set_connection_timeout(CONNECT_TIMEOUT_SECONDS, 0);
@@ -367,7 +353,7 @@ void RemoteService::SetSlotEnabled(const AppId& app, bool enabled) {
 
 void RemoteService::FailNext(ServiceCall call, int32_t errorNumber, int times) {
     cJSON* body = cJSON_CreateObject();
-    cJSON_AddStringToObject(body, "call", CallName(call));
+    cJSON_AddStringToObject(body, "call", ServiceCallName(call));
     cJSON_AddNumberToObject(body, "error", errorNumber);
     cJSON_AddNumberToObject(body, "times", times);
     CallForCode("/api/fail-next", body);

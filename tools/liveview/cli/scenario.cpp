@@ -13,7 +13,6 @@ using LiveViewJson::InputWarning;
 using LiveViewJson::JsonType;
 using LiveViewJson::JsonValue;
 using LiveViewJson::LoadOptions;
-using Tavi::Host::ServiceCall;
 using Tavi::Wisp::LiveView::LiveView;
 using Tavi::Wisp::LiveView::LiveViewBase;
 
@@ -35,18 +34,6 @@ constexpr Action ACTIONS[] = {
     {"setSlotEnabled", StepKind::SET_SLOT_ENABLED},
     {"setRateLimit", StepKind::SET_RATE_LIMIT},
     {"failNext", StepKind::FAIL_NEXT},
-};
-
-struct CallName {
-    const char* name;
-    ServiceCall call;
-};
-
-constexpr CallName CALLS[] = {
-    {"publish", ServiceCall::PUBLISH},
-    {"subscribe", ServiceCall::SUBSCRIBE},
-    {"getActive", ServiceCall::GET_ACTIVE},
-    {"getEnabled", ServiceCall::GET_ENABLED},
 };
 
 const Action* FindAction(const std::string& name) {
@@ -295,11 +282,8 @@ bool ScenarioReader::ReadFailNext(const FieldReader& r, const std::string& path,
     if (!NoTypeError()) {
         return false;
     }
-    for (const auto& call : CALLS) {
-        if (callName == call.name) {
-            step.call = call.call;
-            return true;
-        }
+    if (Tavi::Host::ServiceCallNamed(callName, step.call)) {
+        return true;
     }
     return Fail(path + ".call: one of publish, subscribe, getActive, getEnabled required");
 }

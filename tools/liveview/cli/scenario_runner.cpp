@@ -49,20 +49,6 @@ std::string Indent(const std::string& text, const std::string& prefix) {
     return out;
 }
 
-const char* CallName(Tavi::Host::ServiceCall call) {
-    switch (call) {
-        case Tavi::Host::ServiceCall::PUBLISH:
-            return "publish";
-        case Tavi::Host::ServiceCall::SUBSCRIBE:
-            return "subscribe";
-        case Tavi::Host::ServiceCall::GET_ACTIVE:
-            return "getActive";
-        case Tavi::Host::ServiceCall::GET_ENABLED:
-            return "getEnabled";
-    }
-    return "?";
-}
-
 // What the step's line says after its name.
 std::string Arguments(const Step& step) {
     switch (step.kind) {
@@ -83,7 +69,7 @@ std::string Arguments(const Step& step) {
         case StepKind::SET_RATE_LIMIT:
             return " " + std::to_string(step.number);
         case StepKind::FAIL_NEXT:
-            return std::string(" ") + CallName(step.call) + " error " +
+            return std::string(" ") + Tavi::Host::ServiceCallName(step.call) + " error " +
                    std::to_string(step.number) + " times " + std::to_string(step.times);
     }
     return "";

@@ -290,21 +290,7 @@ bool DecodeFailNext(const std::string& body, FailNextCall& call, ApiError& error
         // The service would answer success without doing the call.
         return reader.Fail("error", "must not be 0: an injected fault answers an error number");
     }
-    using Tavi::Host::ServiceCall;
-    static const std::pair<const char*, ServiceCall> CALLS[] = {
-        {"publish", ServiceCall::PUBLISH},
-        {"subscribe", ServiceCall::SUBSCRIBE},
-        {"getActive", ServiceCall::GET_ACTIVE},
-        {"getEnabled", ServiceCall::GET_ENABLED},
-    };
-    bool known = false;
-    for (const auto& [callName, value] : CALLS) {
-        if (name == callName) {
-            call.call = value;
-            known = true;
-        }
-    }
-    if (!known) {
+    if (!Tavi::Host::ServiceCallNamed(name, call.call)) {
         return reader.Fail("call", "expected publish, subscribe, getActive or getEnabled");
     }
     return !reader.Has(reader.Root(), "times") ||

@@ -132,10 +132,7 @@ void PrintLatencyRow(const std::string& label, const Summary& s) {
 // ---------------------------------------------------------------------------------------------
 // JSON and bodies.
 
-struct JsonDeleter {
-    void operator()(cJSON* json) const { cJSON_Delete(json); }
-};
-using Json = std::unique_ptr<cJSON, JsonDeleter>;
+using Json = Tavi::Host::Wire::JsonTree;
 
 std::string Print(const cJSON* json) {
     char* text = cJSON_PrintUnformatted(json);

@@ -15,6 +15,7 @@
 #include "notification_content.h"
 #include "notification_live_view_content.h"
 #include "notification_request.h"
+#include "request_wire.h"
 #include "simulator.h"
 #include "want_params.h"
 
@@ -27,10 +28,7 @@ using Status = NotificationLiveViewContent::LiveViewStatus;
 const Tavi::Host::AppId kFood{"com.example.food", 20010001};
 const Tavi::Host::AppId kRide{"com.example.ride", 20010002};
 
-struct JsonDeleter {
-    void operator()(cJSON* json) const { cJSON_Delete(json); }
-};
-using Json = std::unique_ptr<cJSON, JsonDeleter>;
+using Json = Tavi::Host::Wire::JsonTree;
 
 PublishCall Call(const Tavi::Host::AppId& app, int32_t id, Status status, uint32_t version,
                  const std::string& title) {

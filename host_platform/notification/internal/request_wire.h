@@ -35,6 +35,7 @@
 #include <cjson/cJSON.h>
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "notification_request.h"
@@ -55,6 +56,12 @@ constexpr int64_t MAX_EXACT_WHOLE = int64_t{1} << 53;
 constexpr const char* NAN_TEXT = "NaN";
 constexpr const char* INFINITY_TEXT = "Infinity";
 constexpr const char* MINUS_INFINITY_TEXT = "-Infinity";
+
+// Owns a cJSON tree: deletes it with cJSON_Delete.
+struct JsonDeleter {
+    void operator()(cJSON* json) const { cJSON_Delete(json); }
+};
+using JsonTree = std::unique_ptr<cJSON, JsonDeleter>;
 
 // A new cJSON tree of request (caller owns, cJSON_Delete); null only when memory runs out.
 cJSON* RequestToJson(const Notification::NotificationRequest& request);

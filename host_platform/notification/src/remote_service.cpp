@@ -26,10 +26,7 @@ constexpr time_t CALL_TIMEOUT_SECONDS = 5;
 // this means it is gone.
 constexpr time_t STREAM_SILENCE_SECONDS = 10;
 
-struct JsonDeleter {
-    void operator()(cJSON* json) const { cJSON_Delete(json); }
-};
-using Json = std::unique_ptr<cJSON, JsonDeleter>;
+using Json = Tavi::Host::Wire::JsonTree;
 
 cJSON* AppJson(const AppId& app) {
     cJSON* json = cJSON_CreateObject();

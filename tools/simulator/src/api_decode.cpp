@@ -13,10 +13,6 @@ namespace LiveViewSimulator {
 
 namespace {
 
-struct JsonDeleter {
-    void operator()(cJSON* json) const { cJSON_Delete(json); }
-};
-
 // The members of one body, read one by one; the first refusal is kept in error.
 class BodyReader {
 public:
@@ -158,7 +154,7 @@ private:
     }
 
     ApiError& error_;
-    std::unique_ptr<cJSON, JsonDeleter> root_;
+    Tavi::Host::Wire::JsonTree root_;
 };
 
 }  // namespace

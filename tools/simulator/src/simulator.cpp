@@ -21,10 +21,7 @@ using Tavi::Notification::NotificationHelper;
 namespace {
 constexpr int PAGE_HISTORY_ROWS = 50;
 
-struct JsonDeleter {
-    void operator()(cJSON* json) const { cJSON_Delete(json); }
-};
-using Json = std::unique_ptr<cJSON, JsonDeleter>;
+using Json = Tavi::Host::Wire::JsonTree;
 
 // The answer with json (taken over) as its body.
 ApiAnswer Answer(cJSON* json, int status = 200) {

@@ -10,6 +10,7 @@ import copy
 import http.client
 import json
 import os
+import subprocess
 import sys
 
 sys.dont_write_bytecode = True  # leave no cache in the source tree
@@ -286,6 +287,14 @@ def main():
             head = whole.partition(b"\r\n\r\n")[0].decode(errors="replace")
             kind = JSON_TYPE if f"Content-Type: {JSON_TYPE}" in head else head
             check_answer(cases, f"raw {label}", got_status, kind, got_body, status, error, field)
+    # A second simulator on the same port must not start and share it.
+    second = subprocess.run(
+        [args.liveview, "serve", "--port", str(sim.port), "--token-file",
+         os.path.join(sim.folder, "second.token")], capture_output=True, text=True, timeout=20,
+        check=False)
+    cases.equal("a second simulator on the port", (second.returncode, second.stderr),
+                (2, f"liveview serve: cannot listen on 127.0.0.1:{sim.port} "
+                    "(in use? try another --port)\n"))
     after = snapshot(sim)
     for part in before:
         cases.equal(f"refused calls leave {part} as it was", after[part], before[part])

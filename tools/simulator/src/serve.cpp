@@ -5,6 +5,7 @@
 #include <signal.h>
 
 #include <pthread.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -315,6 +316,13 @@ int Serve(const ServeOptions& options, std::ostream& out, std::ostream& err) {
     server.new_task_queue = [] { return new httplib::ThreadPool(SERVER_THREADS); };
     server.set_payload_max_length(MAX_BODY_BYTES);
     server.set_keep_alive_max_count(100000);
+    // The library's default also sets SO_REUSEPORT, which lets a second simulator listen on the
+    // same port and take half of the first one's calls; SO_REUSEADDR alone only allows a restart
+    // while the last run's connections wait out TIME_WAIT.
+    server.set_socket_options([](socket_t sock) {
+        const int yes = 1;
+        ::setsockopt(sock, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof(yes));
+    });
     server.set_tcp_nodelay(true);  // answers go out at once, not after a delayed acknowledgement
     Api api(server, token);
     RefuseBadFraming(server);

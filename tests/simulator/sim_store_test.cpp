@@ -3,32 +3,19 @@
 // cannot hold a database is refused.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <stdlib.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "sim_store.h"
+#include "temp_folder_test.h"
 
 namespace LiveViewSimulator {
 namespace {
 
-// A fresh folder under /tmp, removed with everything in it at the end of the test.
-class SimStoreTest : public ::testing::Test {
+class SimStoreTest : public LiveViewTest::TempFolderTest {
 protected:
-    void SetUp() override {
-        char pattern[] = "/tmp/sim_store_test.XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        dir_ = pattern;
-    }
-    void TearDown() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(dir_, ignored);
-    }
     std::string Path() const { return dir_ + "/sim.db"; }
-
-    std::string dir_;
 };
 
 std::string Describe(const PublishRow& row) {

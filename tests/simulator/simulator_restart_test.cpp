@@ -3,11 +3,9 @@
 // and a restart on a store it cannot read is refused instead of starting empty.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-#include <stdlib.h>
 
 #include <cjson/cJSON.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,6 +15,7 @@
 #include "notification_request.h"
 #include "request_wire.h"
 #include "simulator.h"
+#include "temp_folder_test.h"
 #include "want_params.h"
 
 namespace LiveViewSimulator {
@@ -100,25 +99,14 @@ int32_t CodeOf(const ApiAnswer& answer) {
     return cJSON_GetObjectItem(json.get(), "code")->valueint;
 }
 
-class SimulatorRestartTest : public ::testing::Test {
+class SimulatorRestartTest : public LiveViewTest::TempFolderTest {
 protected:
-    void SetUp() override {
-        char pattern[] = "/tmp/simulator_restart_test.XXXXXX";
-        ASSERT_NE(mkdtemp(pattern), nullptr);
-        dir_ = pattern;
-    }
-    void TearDown() override {
-        std::error_code ignored;
-        std::filesystem::remove_all(dir_, ignored);
-    }
     std::unique_ptr<Simulator> Open() {
         std::string error;
         auto sim = Simulator::Open({dir_ + "/sim.db", ""}, error);
         EXPECT_NE(sim, nullptr) << error;
         return sim;
     }
-
-    std::string dir_;
 };
 
 TEST_F(SimulatorRestartTest, WhatWasAnsweredComesBackAfterARestart) {
